@@ -1,0 +1,54 @@
+// Keyboard focus and mouse capture: one window each, for the whole thread.
+#include "platform/core/window_registry.h"
+#include "platform/core/wnd.h"
+
+namespace {
+HWND g_focus = nullptr;
+HWND g_capture = nullptr;
+}  // namespace
+
+HWND GetFocus()
+{
+    return IsWindow(g_focus) ? g_focus : nullptr;
+}
+
+HWND SetFocus(HWND hwnd)
+{
+    if (hwnd && !IsWindow(hwnd)) return nullptr;
+    const HWND old = GetFocus();
+    if (old == hwnd) return old;
+    // The losing window hears first and learns who gains; then the gaining
+    // window hears who lost. A handler may move the focus again meanwhile;
+    // the latest move wins.
+    g_focus = hwnd;
+    if (old) ::SendMessage(old, WM_KILLFOCUS, reinterpret_cast<WPARAM>(hwnd), 0);
+    if (hwnd && g_focus == hwnd && IsWindow(hwnd)) ::SendMessage(hwnd, WM_SETFOCUS, reinterpret_cast<WPARAM>(old), 0);
+    return old;
+}
+
+HWND GetCapture()
+{
+    return IsWindow(g_capture) ? g_capture : nullptr;
+}
+
+HWND SetCapture(HWND hwnd)
+{
+    const HWND old = GetCapture();
+    if (hwnd && !IsWindow(hwnd)) return old;
+    g_capture = hwnd;
+    if (old && old != hwnd) ::SendMessage(old, WM_CAPTURECHANGED, 0, reinterpret_cast<LPARAM>(hwnd));
+    return old;
+}
+
+BOOL ReleaseCapture()
+{
+    const HWND old = GetCapture();
+    g_capture = nullptr;
+    if (old) ::SendMessage(old, WM_CAPTURECHANGED, 0, 0);
+    return TRUE;
+}
+
+CWnd* CWnd::SetFocus() { return FromHandle(::SetFocus(m_hWnd)); }
+CWnd* CWnd::GetFocus() { return FromHandle(::GetFocus()); }
+CWnd* CWnd::SetCapture() { return FromHandle(::SetCapture(m_hWnd)); }
+CWnd* CWnd::GetCapture() { return FromHandle(::GetCapture()); }

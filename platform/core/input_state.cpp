@@ -1,0 +1,55 @@
+#include "platform/core/input_state.h"
+
+#include <array>
+
+namespace {
+
+POINT g_cursor{};
+std::array<bool, 256> g_down{};
+std::array<bool, 256> g_toggled{};
+
+bool ValidKey(int key) { return key >= 0 && key < 256; }
+
+}  // namespace
+
+BOOL GetCursorPos(LPPOINT point)
+{
+    if (!point) return FALSE;
+    *point = g_cursor;
+    return TRUE;
+}
+
+BOOL SetCursorPos(int x, int y)
+{
+    g_cursor = POINT{x, y};
+    return TRUE;
+}
+
+SHORT GetKeyState(int virtualKey)
+{
+    if (!ValidKey(virtualKey)) return 0;
+    const auto key = static_cast<size_t>(virtualKey);
+    return static_cast<SHORT>((g_down[key] ? 0x8000 : 0) | (g_toggled[key] ? 1 : 0));
+}
+
+SHORT GetAsyncKeyState(int virtualKey)
+{
+    return GetKeyState(virtualKey);
+}
+
+namespace InputState {
+
+void SetKeyDown(int virtualKey, bool down)
+{
+    if (!ValidKey(virtualKey)) return;
+    const auto key = static_cast<size_t>(virtualKey);
+    if (down && !g_down[key]) g_toggled[key] = !g_toggled[key];
+    g_down[key] = down;
+}
+
+void ResetKeys()
+{
+    g_down.fill(false);
+}
+
+}  // namespace InputState

@@ -1,0 +1,28 @@
+// The platform's painting: invalid areas, the pass that sends WM_PAINT, and the
+// surfaces top-level windows draw into. Painting is never done by
+// invalidation; it happens only in a paint pass, which the input layer runs
+// after each simulated event and tests may run at will.
+#pragma once
+
+#include "platform/core/win_types.h"
+
+struct WindowData;
+class Surface;
+
+namespace Paint {
+
+// Makes a top-level window's surface match its size.
+AFX_API void ResizeSurface(WindowData* data);
+// Drops any painting state of a window being destroyed (the update lock).
+AFX_API void ForgetWindow(HWND hwnd);
+// Paints every window that has an invalid area, parents before children.
+AFX_API void UpdateAllWindows();
+// The surface a window's pixels live in, and the offset of its client area in it.
+AFX_API Surface* SurfaceOf(HWND hwnd, POINT* clientOrigin);
+// Whether painting of this window is held back (hidden, redraw off, locked).
+AFX_API bool IsPaintSuppressed(HWND hwnd);
+
+}  // namespace Paint
+
+// Default WM_ERASEBKGND: fills the client area with the window colour.
+AFX_API LRESULT EraseBackground(HWND hwnd, HDC hdc);

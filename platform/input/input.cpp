@@ -1,0 +1,250 @@
+#include "platform/input/input.h"
+
+#include "platform/core/input_state.h"
+#include "platform/core/paint.h"
+#include "platform/core/thread.h"
+
+namespace Input {
+namespace {
+
+struct ClickMemory {
+    HWND window = nullptr;
+    POINT screen{};
+    DWORD time = 0;
+    bool armed = false;  // the last event was a left click that may pair
+};
+
+DWORD g_clock = 1000;
+ClickMemory g_lastClick;
+
+DWORD Tick()
+{
+    g_clock += kEventSpacing;
+    return g_clock;
+}
+
+void PressModifiers(unsigned modifiers, bool down);
+
+// The character a key types, as the platform's translation gives it; 0 for none.
+int CharacterOf(UINT key)
+{
+    const bool shift = GetKeyState(static_cast<int>(VK_SHIFT)) < 0;
+    const bool control = GetKeyState(static_cast<int>(VK_CONTROL)) < 0;
+    if (key >= 'A' && key <= 'Z') {
+        if (control) return static_cast<int>(key - 'A' + 1);
+        return shift ? static_cast<int>(key) : static_cast<int>(key - 'A' + 'a');
+    }
+    if (control) return 0;
+    if (key >= '0' && key <= '9') return static_cast<int>(key);
+    switch (key) {
+    case VK_SPACE: return ' ';
+    case VK_RETURN: return '\r';
+    case VK_BACK: return '\b';
+    case VK_ESCAPE: return 0x1B;
+    case VK_TAB: return '\t';
+    default: return 0;
+    }
+}
+
+UINT MouseFlags(unsigned modifiers)
+{
+    UINT flags = 0;
+    if (modifiers & kShift) flags |= MK_SHIFT;
+    if (modifiers & kControl) flags |= MK_CONTROL;
+    if (GetKeyState(static_cast<int>(VK_LBUTTON)) < 0) flags |= MK_LBUTTON;
+    if (GetKeyState(static_cast<int>(VK_RBUTTON)) < 0) flags |= MK_RBUTTON;
+    return flags;
+}
+
+// Sends a mouse message to the window the platform routes it to.
+void DeliverMouse(UINT message, CWnd* window, CPoint clientPoint, unsigned modifiers)
+{
+    if (!window || !IsWindow(window->GetSafeHwnd())) return;
+    POINT screen = clientPoint;
+    window->ClientToScreen(&screen);
+    SetCursorPos(screen.x, screen.y);
+    HWND target = GetCapture();
+    if (!target) target = WindowFromPoint(screen);
+    if (!target) return;
+    POINT local = screen;
+    ScreenToClient(target, &local);
+    MSG msg;
+    msg.hwnd = target;
+    msg.message = message;
+    msg.wParam = MouseFlags(modifiers);
+    msg.lParam = MAKELPARAM(local.x, local.y);
+    msg.pt = screen;
+    Deliver(msg);
+}
+
+void DeliverKey(UINT message, UINT key)
+{
+    const HWND focus = GetFocus();
+    if (!focus) return;
+    MSG msg;
+    msg.hwnd = focus;
+    msg.message = message;
+    msg.wParam = key;
+    msg.lParam = message == WM_KEYUP ? static_cast<LPARAM>(0xC0000001) : 1;
+    GetCursorPos(&msg.pt);
+    Deliver(msg);
+}
+
+void PressModifiers(unsigned modifiers, bool down)
+{
+    const UINT keys[] = {VK_CONTROL, VK_SHIFT, VK_MENU};
+    const unsigned bits[] = {kControl, kShift, kAlt};
+    for (int i = 0; i < 3; ++i) {
+        if (!(modifiers & bits[i])) continue;
+        InputState::SetKeyDown(static_cast<int>(keys[i]), down);
+        DeliverKey(down ? WM_KEYDOWN : WM_KEYUP, keys[i]);
+    }
+}
+
+void Button(CWnd* window, CPoint clientPoint, bool right, bool down, unsigned modifiers)
+{
+    const int key = static_cast<int>(right ? VK_RBUTTON : VK_LBUTTON);
+    UINT message = right ? (down ? WM_RBUTTONDOWN : WM_RBUTTONUP) : (down ? WM_LBUTTONDOWN : WM_LBUTTONUP);
+    POINT screen = clientPoint;
+    if (window) window->ClientToScreen(&screen);
+    if (down && !right) {
+        // A press that follows a click in the same place soon enough pairs with it.
+        const DWORD now = g_clock + kEventSpacing;
+        const HWND target = GetCapture() ? GetCapture() : WindowFromPoint(screen);
+        const bool pairs = g_lastClick.armed && g_lastClick.window == target && g_lastClick.screen.x == screen.x &&
+                           g_lastClick.screen.y == screen.y && now - g_lastClick.time <= kDoubleClickTime;
+        if (pairs) message = WM_LBUTTONDBLCLK;
+        g_lastClick = ClickMemory{target, screen, now, !pairs};
+    } else if (down) {
+        g_lastClick.armed = false;
+    }
+    InputState::SetKeyDown(key, down);
+    DeliverMouse(message, window, clientPoint, modifiers);
+}
+
+}  // namespace
+
+bool Deliver(MSG message)
+{
+    message.time = Tick();
+    if (message.message == WM_KEYDOWN && message.wParam != VK_CONTROL && message.wParam != VK_SHIFT) g_lastClick.armed = false;
+    CWinThread* thread = AfxGetThread();
+    const bool taken = thread ? thread->PreTranslateMessage(&message) != FALSE : WalkPreTranslateTree(nullptr, &message) != FALSE;
+    if (!taken) {
+        SendMessage(message.hwnd, message.message, message.wParam, message.lParam);
+        if (message.message == WM_KEYDOWN) {
+            if (const int ch = CharacterOf(static_cast<UINT>(message.wParam)); ch && IsWindow(message.hwnd)) {
+                MSG typed = message;
+                typed.message = WM_CHAR;
+                typed.wParam = static_cast<WPARAM>(ch);
+                Deliver(typed);
+            }
+        }
+    }
+    Paint::UpdateAllWindows();
+    return taken;
+}
+
+void MouseDown(CWnd* window, CPoint clientPoint, bool right, unsigned modifiers)
+{
+    PressModifiers(modifiers, true);
+    Button(window, clientPoint, right, true, modifiers);
+}
+
+void MouseUp(CWnd* window, CPoint clientPoint, bool right, unsigned modifiers)
+{
+    Button(window, clientPoint, right, false, modifiers);
+    PressModifiers(modifiers, false);
+}
+
+void Click(CWnd* window, CPoint clientPoint, unsigned modifiers)
+{
+    PressModifiers(modifiers, true);
+    Button(window, clientPoint, false, true, modifiers);
+    Button(window, clientPoint, false, false, modifiers);
+    PressModifiers(modifiers, false);
+}
+
+void RightClick(CWnd* window, CPoint clientPoint, unsigned modifiers)
+{
+    PressModifiers(modifiers, true);
+    Button(window, clientPoint, true, true, modifiers);
+    Button(window, clientPoint, true, false, modifiers);
+    PressModifiers(modifiers, false);
+}
+
+void DoubleClick(CWnd* window, CPoint clientPoint, unsigned modifiers)
+{
+    Wait();
+    Click(window, clientPoint, modifiers);
+    Click(window, clientPoint, modifiers);
+}
+
+void MouseMove(CWnd* window, CPoint clientPoint, unsigned modifiers)
+{
+    DeliverMouse(WM_MOUSEMOVE, window, clientPoint, modifiers);
+}
+
+void Wheel(CWnd* window, CPoint clientPoint, int delta)
+{
+    if (!window) return;
+    POINT screen = clientPoint;
+    window->ClientToScreen(&screen);
+    SetCursorPos(screen.x, screen.y);
+    const HWND focus = GetFocus();
+    MSG msg;
+    msg.hwnd = focus ? focus : WindowFromPoint(screen);
+    msg.message = WM_MOUSEWHEEL;
+    msg.wParam = MAKEWPARAM(static_cast<int>(MouseFlags(kNone)), delta);
+    msg.lParam = MAKELPARAM(screen.x, screen.y);  // the wheel carries screen coordinates
+    msg.pt = screen;
+    if (msg.hwnd) Deliver(msg);
+}
+
+void KeyDown(UINT virtualKey, unsigned modifiers)
+{
+    PressModifiers(modifiers, true);
+    InputState::SetKeyDown(static_cast<int>(virtualKey), true);
+    DeliverKey(WM_KEYDOWN, virtualKey);
+}
+
+void KeyUp(UINT virtualKey, unsigned modifiers)
+{
+    InputState::SetKeyDown(static_cast<int>(virtualKey), false);
+    DeliverKey(WM_KEYUP, virtualKey);
+    PressModifiers(modifiers, false);
+}
+
+void Key(UINT virtualKey, unsigned modifiers)
+{
+    KeyDown(virtualKey, modifiers);
+    KeyUp(virtualKey, modifiers);
+}
+
+void Type(std::string_view gbkText)
+{
+    for (const char c : gbkText) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte >= 'a' && byte <= 'z') {
+            Key(byte - 'a' + 'A');
+        } else if (byte >= 'A' && byte <= 'Z') {
+            Key(byte, kShift);
+        } else if ((byte >= '0' && byte <= '9') || byte == ' ') {
+            Key(byte == ' ' ? VK_SPACE : byte);
+        } else if (const HWND focus = GetFocus()) {
+            MSG msg;
+            msg.hwnd = focus;
+            msg.message = WM_CHAR;
+            msg.wParam = byte;
+            msg.lParam = 1;
+            Deliver(msg);
+        }
+    }
+}
+
+void Wait(unsigned milliseconds)
+{
+    g_clock += milliseconds;
+}
+
+}  // namespace Input

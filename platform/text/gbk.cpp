@@ -1,0 +1,67 @@
+#include "platform/text/gbk.h"
+
+#include <cerrno>
+#include <iconv.h>
+#include <memory>
+
+namespace {
+
+// One iconv conversion, replacing each unconvertible input character by '?'
+// (or U+003F) so that no text is dropped silently.
+std::string Convert(const char* to, const char* from, std::string_view input, size_t minCharBytes, std::string_view replacement)
+{
+    iconv_t cd = iconv_open(to, from);
+    if (cd == reinterpret_cast<iconv_t>(-1)) return std::string();
+    std::unique_ptr<void, int (*)(iconv_t)> guard(cd, iconv_close);
+    std::string out;
+    out.reserve(input.size() * 4);
+    char* in = const_cast<char*>(input.data());
+    size_t inLeft = input.size();
+    char buffer[256];
+    while (inLeft > 0) {
+        char* outPtr = buffer;
+        size_t outLeft = sizeof buffer;
+        const size_t result = iconv(cd, &in, &inLeft, &outPtr, &outLeft);
+        out.append(buffer, static_cast<size_t>(outPtr - buffer));
+        if (result == static_cast<size_t>(-1) && errno != E2BIG) {
+            // Invalid or incomplete sequence: skip one input unit.
+            const size_t skip = std::min(inLeft, minCharBytes);
+            in += skip;
+            inLeft -= skip;
+            out.append(replacement);
+            iconv(cd, nullptr, nullptr, nullptr, nullptr);
+        }
+    }
+    return out;
+}
+
+}  // namespace
+
+int GbkCharLength(std::string_view text, size_t pos)
+{
+    if (pos >= text.size()) return 0;
+    if (IsDBCSLeadByte(static_cast<unsigned char>(text[pos])) && pos + 1 < text.size() && text[pos + 1] != '\0') return 2;
+    return 1;
+}
+
+std::string Utf8ToGbk(std::string_view utf8)
+{
+    return Convert("GBK", "UTF-8", utf8, 1, "?");
+}
+
+std::string GbkToUtf8(std::string_view gbk)
+{
+    return Convert("UTF-8", "GBK", gbk, 1, "?");
+}
+
+std::u32string GbkToUnicode(std::string_view gbk)
+{
+    static constexpr char32_t kQuestion = U'?';
+    const std::string bytes = Convert("UTF-32LE", "GBK", gbk, 1, std::string_view(reinterpret_cast<const char*>(&kQuestion), 4));
+    std::u32string out(bytes.size() / 4, U'\0');
+    for (size_t i = 0; i < out.size(); ++i) {
+        const auto* b = reinterpret_cast<const unsigned char*>(bytes.data() + i * 4);
+        out[i] = static_cast<char32_t>(b[0] | (b[1] << 8) | (b[2] << 16) | (static_cast<uint32_t>(b[3]) << 24));
+    }
+    return out;
+}

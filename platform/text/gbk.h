@@ -1,0 +1,27 @@
+// The ANSI code page of the system is GBK (code page 936). Source files are
+// UTF-8; every text that reaches the library at run time is GBK bytes.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/core/win_types.h"
+
+// A GBK lead byte: the first byte of a double-byte character.
+constexpr bool IsDBCSLeadByte(unsigned char byte) { return byte >= 0x81 && byte <= 0xFE; }
+
+// Bytes of the character that starts at text[pos]: 2 for a lead byte followed
+// by a trail byte, else 1. A lead byte at the end of the text counts as 1.
+AFX_API int GbkCharLength(std::string_view text, size_t pos);
+
+// Conversions; characters that have no counterpart become '?'.
+AFX_API std::string Utf8ToGbk(std::string_view utf8);
+AFX_API std::string GbkToUtf8(std::string_view gbk);
+AFX_API std::u32string GbkToUnicode(std::string_view gbk);
+
+// Shorthand used by tests and the example programs for Chinese literals.
+inline std::string GBK(std::string_view utf8) { return Utf8ToGbk(utf8); }
+inline std::string GBK(std::u8string_view utf8)
+{
+    return Utf8ToGbk(std::string_view(reinterpret_cast<const char*>(utf8.data()), utf8.size()));
+}

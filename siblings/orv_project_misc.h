@@ -1,0 +1,38 @@
+// Stand-in for the sibling module of miscellaneous project routines that the
+// panes call: relative paths, the stop and refresh keys, and the shell's path
+// helper. The stop and refresh routines report to a listener so that a host
+// (or a test) can see them happen.
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+#include "platform/core/win_types.h"
+
+// Buffer size of the paths these routines read and write.
+constexpr int kOrvPathBytes = 256;
+
+// Writes into out (kOrvPathBytes bytes) the path of `path` relative to the
+// directory `baseDir`: "sub\\a.c" below it, "..\\x\\a.c" beside it, the path
+// itself on another drive or when baseDir is empty. Separators '\\' and '/' are
+// both understood and the path's own style is kept; letters compare without
+// case; GBK trail bytes are never taken for separators. The result is always
+// zero-terminated, cut at a character boundary if it would not fit. Returns
+// TRUE when a relative path was made.
+AFX_API BOOL PathRelativePathToEx(char* out, const char* path, const char* baseDir);
+
+// Stops the running build or debug session (the Esc key and the "停止" command).
+AFX_API void CleanTerminate(int code);
+// Refreshes the host's windows (the F5 key).
+AFX_API void KeyF5RefreshWnd();
+
+// Removes the last component and its separator: "C:\\p\\x.prj" -> "C:\\p",
+// "C:\\x.prj" -> "C:\\", "x.prj" -> "". Returns TRUE when something was removed.
+AFX_API BOOL PathRemoveFileSpec(char* path);
+
+namespace OrvProjectMisc {
+// Called with the routine's name and argument on every CleanTerminate and
+// KeyF5RefreshWnd; an empty function removes the listener.
+using Listener = std::function<void(std::string_view routine, int argument)>;
+AFX_API void SetListener(Listener listener);
+}  // namespace OrvProjectMisc

@@ -1,0 +1,161 @@
+#include <gtest/gtest.h>
+
+#include <climits>
+
+#include "gdi_test_support.h"
+
+using gdi_test::Canvas;
+
+namespace {
+constexpr std::uint32_t kWhite = 0xFFFFFF, kRed = 0xFF0000;
+
+// A 40 x 30 surface with a window DC whose client corner is at (10, 5) and
+// which may only draw into (10, 5)-(30, 20).
+struct WindowCanvas {
+    WindowCanvas() : surface(40, 30, 0xFFFFFF) { dc.AttachToSurface(&surface, CPoint(10, 5), CRect(10, 5, 30, 20)); }
+    int Count(std::uint32_t pixel, const CRect& area) const
+    {
+        int n = 0;
+        for (int y = area.top; y < area.bottom; ++y)
+            for (int x = area.left; x < area.right; ++x) n += surface.GetPixel(x, y) == pixel;
+        return n;
+    }
+    Surface surface;
+    CDC dc;
+};
+}  // namespace
+
+TEST(DcClip, WindowDcDrawsOnlyInsideItsClip)
+{
+    WindowCanvas w;
+    w.dc.FillSolidRect(-50, -50, 200, 200, RGB(255, 0, 0));
+    EXPECT_EQ(w.Count(kRed, CRect(10, 5, 30, 20)), 20 * 15);
+    EXPECT_EQ(w.Count(kRed, w.surface.Bounds()), 20 * 15);
+    CRect box;
+    EXPECT_EQ(w.dc.GetClipBox(&box), SIMPLEREGION);
+    EXPECT_EQ(box, CRect(0, 0, 20, 15));
+    w.dc.SetPixel(0, 0, RGB(0, 0, 255));
+    EXPECT_EQ(w.surface.GetPixel(10, 5), 0x0000FFu);
+}
+
+TEST(DcClip, ClipLargerThanTheSurfaceStopsAtItsEdge)
+{
+    Surface s(8, 8, 0);
+    CDC dc;
+    dc.AttachToSurface(&s, CPoint(-4, 6), CRect(-100, -100, 100, 100));
+    dc.FillSolidRect(0, 0, 50, 50, RGB(255, 255, 255));
+    int white = 0;
+    for (std::uint32_t p : s.Pixels()) white += p == kWhite;
+    EXPECT_EQ(white, 8 * 2);
+    EXPECT_EQ(s.GetPixel(0, 6), kWhite);
+    EXPECT_EQ(dc.GetDeviceCaps(HORZRES), 8);
+}
+
+TEST(DcClip, ViewportOriginMovesDrawingAndTheClipBox)
+{
+    WindowCanvas w;
+    EXPECT_EQ(w.dc.SetViewportOrg(3, 2), CPoint(0, 0));
+    w.dc.SetPixel(0, 0, RGB(255, 0, 0));
+    EXPECT_EQ(w.surface.GetPixel(13, 7), kRed);
+    CRect box;
+    w.dc.GetClipBox(&box);
+    EXPECT_EQ(box, CRect(-3, -2, 17, 13));
+    EXPECT_EQ(w.dc.OffsetViewportOrg(-1, 1), CPoint(3, 2));
+    EXPECT_EQ(w.dc.GetViewportOrg(), CPoint(2, 3));
+    EXPECT_EQ(w.dc.GetDeviceOffset(), CPoint(12, 8));
+}
+
+TEST(DcClip, IntersectClipRectNarrowsInLogicalCoordinates)
+{
+    WindowCanvas w;
+    w.dc.SetViewportOrg(3, 2);
+    EXPECT_EQ(w.dc.IntersectClipRect(2, 2, 5, 5), SIMPLEREGION);
+    w.dc.SetViewportOrg(0, 0);  // the clip stays where it was put
+    w.dc.FillSolidRect(-50, -50, 200, 200, RGB(255, 0, 0));
+    EXPECT_EQ(w.Count(kRed, CRect(15, 9, 18, 12)), 9);
+    EXPECT_EQ(w.Count(kRed, w.surface.Bounds()), 9);
+    EXPECT_TRUE(w.dc.PtVisible(5, 4));
+    EXPECT_FALSE(w.dc.PtVisible(4, 4));
+    EXPECT_EQ(w.dc.IntersectClipRect(100, 100, 120, 120), NULLREGION);
+    const CRect anywhere(-50, -50, 50, 50);
+    EXPECT_FALSE(w.dc.RectVisible(&anywhere));
+    w.dc.ResetClip();
+    EXPECT_TRUE(w.dc.RectVisible(&anywhere));
+}
+
+TEST(DcClip, SaveAndRestoreBringBackTheState)
+{
+    WindowCanvas w;
+    CPen pen(PS_SOLID, 1, RGB(1, 1, 1));
+    const int level = w.dc.SaveDC();
+    EXPECT_EQ(level, 1);
+    w.dc.SetTextColor(RGB(1, 2, 3));
+    w.dc.SetBkMode(TRANSPARENT);
+    w.dc.SelectObject(&pen);
+    w.dc.SetViewportOrg(4, 4);
+    w.dc.IntersectClipRect(0, 0, 1, 1);
+    EXPECT_EQ(w.dc.SaveDC(), 2);
+    w.dc.SetTextColor(RGB(9, 9, 9));
+    EXPECT_TRUE(w.dc.RestoreDC(-1));
+    EXPECT_EQ(w.dc.GetTextColor(), RGB(1, 2, 3));
+    EXPECT_TRUE(w.dc.RestoreDC(1));
+    EXPECT_EQ(w.dc.GetTextColor(), RGB(0, 0, 0));
+    EXPECT_EQ(w.dc.GetBkMode(), OPAQUE);
+    EXPECT_EQ(w.dc.GetViewportOrg(), CPoint(0, 0));
+    EXPECT_EQ(w.dc.GetCurrentPen()->GetSafeHandle(), GetStockObject(BLACK_PEN));
+    CRect box;
+    w.dc.GetClipBox(&box);
+    EXPECT_EQ(box, CRect(0, 0, 20, 15));
+    EXPECT_FALSE(w.dc.RestoreDC(-1));  // nothing saved any more
+    EXPECT_FALSE(w.dc.RestoreDC(0));
+    w.dc.SaveDC();
+    EXPECT_FALSE(w.dc.RestoreDC(2));
+    EXPECT_FALSE(w.dc.RestoreDC(-2));
+}
+
+TEST(DcClip, HandlesFindTheirDcWhileItLives)
+{
+    HDC hdc;
+    {
+        CDC dc;
+        hdc = dc.GetSafeHdc();
+        EXPECT_EQ(CDC::FromHandle(hdc), &dc);
+    }
+    EXPECT_EQ(CDC::FromHandle(hdc), nullptr);
+    EXPECT_EQ(CDC::FromHandle(nullptr), nullptr);
+}
+
+TEST(DcClip, DcWithoutSurfaceDrawsNothing)
+{
+    CDC dc;
+    dc.FillSolidRect(0, 0, 10, 10, 0);
+    dc.TextOut(0, 0, "x", 1);
+    dc.LineTo(5, 5);
+    EXPECT_EQ(dc.GetPixel(0, 0), CLR_INVALID);
+    CRect box(1, 1, 2, 2);
+    EXPECT_EQ(dc.GetClipBox(&box), NULLREGION);
+    EXPECT_TRUE(box.IsRectEmpty());
+    Canvas c(4, 4);
+    EXPECT_TRUE(c.dc.DeleteDC());
+    c.dc.FillSolidRect(0, 0, 4, 4, 0);
+    EXPECT_EQ(c.Count(kWhite, c.surface.Bounds()), 16);
+}
+
+TEST(DcClip, ExtremeCoordinatesStayDefined)
+{
+    Canvas c(10, 10);
+    c.dc.SetViewportOrg(INT_MAX, INT_MIN);
+    c.dc.FillSolidRect(INT_MIN, INT_MAX, INT_MAX, INT_MAX, 0);
+    c.dc.SetViewportOrg(0, 0);
+    c.dc.FillSolidRect(INT_MIN, INT_MIN, INT_MAX, INT_MAX, RGB(255, 0, 0));
+    c.dc.Rectangle(INT_MIN, INT_MIN, INT_MAX, INT_MAX);
+    c.dc.Draw3dRect(INT_MIN, INT_MIN, INT_MAX, INT_MAX, 0, 0);
+    c.dc.PatBlt(INT_MAX, INT_MAX, INT_MAX, INT_MAX, PATCOPY);
+    c.dc.TextOut(INT_MAX - 1, INT_MAX - 1, "abc", 3);
+    CRect huge(INT_MIN, INT_MIN, INT_MAX, INT_MAX);
+    c.dc.DrawText("a\nb", -1, &huge, DT_CENTER);
+    c.dc.DrawText("a", -1, &huge, DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS);
+    c.dc.IntersectClipRect(INT_MIN, INT_MIN, INT_MAX, INT_MAX);
+    c.dc.DrawFocusRect(&huge);
+    EXPECT_EQ(c.At(5, 5), 0xFFFFFFu);  // the white stock brush filled the inside
+}

@@ -1,0 +1,153 @@
+#include <gtest/gtest.h>
+
+#include "gdi_test_support.h"
+#include "platform/gdi/dib.h"
+
+using gdi_test::Bytes;
+using gdi_test::MakeDib;
+
+namespace {
+
+std::vector<std::uint32_t> Decoded(const Bytes& bytes)
+{
+    gdi::DibImage image;
+    EXPECT_TRUE(gdi::DecodeDib(bytes.data(), bytes.size(), image));
+    for (std::uint32_t& p : image.argb) p &= 0xFFFFFF;
+    return image.argb;
+}
+
+bool Rejected(const Bytes& bytes)
+{
+    gdi::DibImage image;
+    return !gdi::DecodeDib(bytes.data(), bytes.size(), image);
+}
+
+void Poke32(Bytes& b, size_t at, std::uint32_t v)
+{
+    for (int i = 0; i < 4; ++i) b[at + i] = static_cast<unsigned char>(v >> (8 * i));
+}
+
+const std::vector<std::uint32_t> kPalette = {0x000000, 0xFF0000, 0x00FF00, 0x0000FF};
+
+}  // namespace
+
+TEST(Dib, PalettedDepthsBottomUpWithRowPadding)
+{
+    // 3 x 2 pixels: rows need padding at every depth.
+    const std::vector<std::uint32_t> indices = {1, 2, 3, 3, 0, 1};
+    const std::vector<std::uint32_t> colors = {0xFF0000, 0x00FF00, 0x0000FF, 0x0000FF, 0x000000, 0xFF0000};
+    EXPECT_EQ(Decoded(MakeDib(3, 2, 4, kPalette, indices)), colors);
+    EXPECT_EQ(Decoded(MakeDib(3, 2, 8, kPalette, indices)), colors);
+    const std::vector<std::uint32_t> bits = {1, 0, 1, 0, 0, 1};
+    const std::vector<std::uint32_t> mono = {0xFF0000, 0x000000, 0xFF0000, 0x000000, 0x000000, 0xFF0000};
+    EXPECT_EQ(Decoded(MakeDib(3, 2, 1, kPalette, bits)), mono);
+}
+
+TEST(Dib, TrueColourDepthsAndTopDown)
+{
+    const std::vector<std::uint32_t> pixels = {0x123456, 0xABCDEF, 0x010203, 0xFFFFFF, 0x000000, 0x808080};
+    EXPECT_EQ(Decoded(MakeDib(3, 2, 24, {}, pixels)), pixels);
+    EXPECT_EQ(Decoded(MakeDib(3, 2, 32, {}, pixels)), pixels);
+    EXPECT_EQ(Decoded(MakeDib(3, 2, 24, {}, pixels, true)), pixels);
+    gdi::DibImage image;
+    const Bytes opaque = MakeDib(3, 2, 32, {}, pixels);
+    ASSERT_TRUE(gdi::DecodeDib(opaque.data(), opaque.size(), image));
+    EXPECT_FALSE(image.hasAlpha);
+    EXPECT_EQ(image.argb[0] >> 24, 0xFFu);  // no alpha at all means opaque
+}
+
+TEST(Dib, SixteenBitPixelsAndBitFields)
+{
+    // 5-5-5: full red, full green; scaled so that 31 becomes 255.
+    EXPECT_EQ(Decoded(MakeDib(2, 1, 16, {}, {0x7C00, 0x03E0})), (std::vector<std::uint32_t>{0xFF0000, 0x00FF00}));
+    Bytes b;
+    gdi_test::Header(b, 1, 1, 16, BI_BITFIELDS, 0);
+    b.U32(0xF800);
+    b.U32(0x07E0);
+    b.U32(0x001F);
+    b.U32(0x07E0 | 0x001F);  // one pixel, green and blue full
+    EXPECT_EQ(Decoded(b), (std::vector<std::uint32_t>{0x00FFFF}));
+}
+
+TEST(Dib, FileHeaderIsSkippedAndOutOfRangeIndicesAreBlack)
+{
+    const Bytes dib = MakeDib(2, 1, 8, {0xFF0000}, {0, 7});
+    Bytes file;
+    file.U8('B');
+    file.U8('M');
+    for (int i = 0; i < 12; ++i) file.U8(0);
+    file.insert(file.end(), dib.begin(), dib.end());
+    EXPECT_EQ(Decoded(file), (std::vector<std::uint32_t>{0xFF0000, 0x000000}));
+}
+
+TEST(Dib, MalformedHeadersAreRejected)
+{
+    const Bytes good = MakeDib(3, 2, 8, kPalette, {1, 2, 3, 3, 0, 1});
+    ASSERT_FALSE(Rejected(good));
+    auto with = [&](size_t at, std::uint32_t v) {
+        Bytes b = good;
+        Poke32(b, at, v);
+        return b;
+    };
+    EXPECT_TRUE(Rejected(with(0, 12)));             // header too small
+    EXPECT_TRUE(Rejected(with(0, 4000)));           // header past the end
+    EXPECT_TRUE(Rejected(with(4, 0)));              // no width
+    EXPECT_TRUE(Rejected(with(4, 0xFFFFFFFD)));     // negative width
+    EXPECT_TRUE(Rejected(with(4, 1u << 20)));       // wider than any surface
+    EXPECT_TRUE(Rejected(with(8, 0)));              // no height
+    EXPECT_TRUE(Rejected(with(8, 0x80000000u)));    // the most negative height
+    EXPECT_TRUE(Rejected(with(14, 7)));             // no such depth
+    EXPECT_TRUE(Rejected(with(16, 1)));             // run-length compressed
+    EXPECT_TRUE(Rejected(with(16, BI_BITFIELDS)));  // bit fields at 8 bits
+    EXPECT_TRUE(Rejected(with(32, 300)));           // palette larger than the depth allows
+    EXPECT_TRUE(Rejected(with(8, 3)));              // more rows than bytes
+    EXPECT_TRUE(Rejected(Bytes()));
+    gdi::DibImage image;
+    EXPECT_FALSE(gdi::DecodeDib(nullptr, 100, image));
+}
+
+TEST(Dib, EveryTruncationIsRejectedSafely)
+{
+    for (int bpp : {1, 4, 8, 24, 32}) {
+        const Bytes good = MakeDib(5, 3, bpp, bpp <= 8 ? kPalette : std::vector<std::uint32_t>{},
+                                   std::vector<std::uint32_t>(15, 1));
+        for (size_t n = 0; n < good.size(); ++n) {
+            // An exact-size buffer so that the sanitizers see any read past it.
+            std::vector<unsigned char> cut(good.begin(), good.begin() + static_cast<std::ptrdiff_t>(n));
+            gdi::DibImage image;
+            EXPECT_FALSE(gdi::DecodeDib(cut.data(), cut.size(), image)) << bpp << " bpp, " << n << " bytes";
+        }
+    }
+}
+
+TEST(Dib, BitmapFromDibReportsItsSize)
+{
+    const Bytes bytes = MakeDib(3, 2, 4, kPalette, {1, 2, 3, 3, 0, 1});
+    CBitmap bitmap;
+    ASSERT_TRUE(bitmap.LoadFromDib(bytes.data(), bytes.size()));
+    EXPECT_EQ(bitmap.GetSize(), CSize(3, 2));
+    BITMAP info;
+    ASSERT_EQ(bitmap.GetBitmap(&info), static_cast<int>(sizeof(BITMAP)));
+    EXPECT_EQ(info.bmWidth, 3);
+    EXPECT_EQ(info.bmHeight, 2);
+    EXPECT_EQ(info.bmBitsPixel, 32);
+    EXPECT_EQ(bitmap.GetSurface()->GetPixel(2, 0), 0x0000FFu);
+    CBitmap bad;
+    EXPECT_FALSE(bad.LoadFromDib(bytes.data(), 30));
+    EXPECT_EQ(bad.GetSize(), CSize(0, 0));
+    EXPECT_EQ(bad.GetBitmap(&info), 0);
+}
+
+TEST(Dib, CreateBitmapReadsWordAlignedRows)
+{
+    // 1 bit per pixel, 3 wide: each row is padded to 2 bytes.
+    const unsigned char mono[] = {0xA0, 0x00, 0x40, 0x00};
+    CBitmap bitmap;
+    ASSERT_TRUE(bitmap.CreateBitmap(3, 2, 1, 1, mono));
+    const std::vector<std::uint32_t> expected = {0xFFFFFF, 0, 0xFFFFFF, 0, 0xFFFFFF, 0};
+    EXPECT_EQ(bitmap.GetSurface()->Pixels(), expected);
+    const unsigned char bgr[] = {0x03, 0x02, 0x01, 0x06, 0x05, 0x04};  // 6 bytes: already word-aligned
+    CBitmap color;
+    ASSERT_TRUE(color.CreateBitmap(2, 1, 1, 24, bgr));
+    EXPECT_EQ(color.GetSurface()->Pixels(), (std::vector<std::uint32_t>{0x010203, 0x040506}));
+}
