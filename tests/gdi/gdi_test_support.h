@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -10,13 +11,26 @@
 #include "platform/gdi/glyph_cache.h"
 #include "platform/gdi/surface.h"
 
+// Readable rectangles and sizes in failure messages.
+inline void PrintTo(const CRect& r, std::ostream* os)
+{
+    *os << "(" << r.left << ", " << r.top << ")-(" << r.right << ", " << r.bottom << ")";
+}
+inline void PrintTo(const CSize& s, std::ostream* os) { *os << s.cx << " x " << s.cy; }
+inline void PrintTo(const CPoint& p, std::ostream* os) { *os << "(" << p.x << ", " << p.y << ")"; }
+
 namespace gdi_test {
 
-// A surface with a window DC over all of it.
+// A surface with a window DC over it: over all of it, or with its client
+// corner at origin and drawing limited to clip.
 struct Canvas {
     explicit Canvas(int width, int height, std::uint32_t fill = 0xFFFFFF) : surface(width, height, fill)
     {
         dc.AttachToSurface(&surface, CPoint(0, 0), surface.Bounds());
+    }
+    Canvas(int width, int height, std::uint32_t fill, CPoint origin, const CRect& clip) : surface(width, height, fill)
+    {
+        dc.AttachToSurface(&surface, origin, clip);
     }
     std::uint32_t At(int x, int y) const { return surface.GetPixel(x, y); }
     int Count(std::uint32_t pixel, const CRect& area) const

@@ -1,0 +1,134 @@
+// The tree control's state and behaviour behind CTreeCtrl::DefWindowProc:
+// the TVM_* messages, selection and expansion with their notifications,
+// scrolling, painting, mouse and keyboard.
+#pragma once
+
+#include <string>
+
+#include "platform/controls/tree_ctrl.h"
+#include "platform/controls/tree_layout.h"
+#include "platform/controls/tree_model.h"
+#include "platform/gdi/font.h"
+
+class CDC;
+
+namespace tree {
+
+// Platform constants the core headers do not carry yet.
+constexpr UINT kDlgcWantArrows = 0x0001;
+constexpr UINT kDlgcWantChars = 0x0080;
+constexpr UINT kSbLineUp = 0;
+constexpr UINT kSbLineDown = 1;
+constexpr UINT kSbPageUp = 2;
+constexpr UINT kSbPageDown = 3;
+constexpr UINT kSbThumbPosition = 4;
+constexpr UINT kSbThumbTrack = 5;
+constexpr UINT kSbTop = 6;
+constexpr UINT kSbBottom = 7;
+// State image index bits of TVITEM::state.
+constexpr UINT kStateImageMask = 0xF000;
+
+class TreeControl {
+public:
+    explicit TreeControl(CWnd* wnd);
+    TreeControl(const TreeControl&) = delete;
+    TreeControl& operator=(const TreeControl&) = delete;
+
+    // Handles a message; false leaves it to CWnd::DefWindowProc.
+    bool Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+
+    // Draws the rows that meet clip (client coordinates) into dc.
+    void Paint(CDC& dc, const CRect& clip);
+
+private:
+    // ---- messages (tree_control.cpp)
+    HTREEITEM OnInsertItem(const TVINSERTSTRUCT* insert);
+    BOOL OnDeleteItem(HTREEITEM handle);
+    void DeleteAll(bool notify);
+    HTREEITEM OnGetNextItem(UINT code, HTREEITEM handle);
+    BOOL OnGetItem(TVITEM* item);
+    BOOL OnSetItem(const TVITEM* item);
+    BOOL OnGetItemRect(BOOL textOnly, RECT* rect);
+    HTREEITEM OnHitTest(TVHITTESTINFO* info);
+    BOOL OnSelectItem(UINT code, HTREEITEM handle);
+    HIMAGELIST OnSetImageList(int kind, HIMAGELIST list);
+    void OnSetFont(HGDIOBJ font, bool redraw);
+    void OnFocusChange(bool gained);
+
+    // ---- selection, expansion, scrolling
+    // Makes target (kNone: nothing) the caret. False when the parent vetoes
+    // or the window goes away meanwhile.
+    bool SelectCaret(Slot target, UINT action, bool ensureVisible);
+    // TVE_* on one item. byUser scrolls newly shown children into view.
+    bool Expand(Slot slot, UINT code, bool byUser);
+    void ExpandSubtree(Slot slot);
+    bool EnsureVisible(Slot slot);
+    // Index of the first row shown, kept on the same item while rows change.
+    int TopIndex();
+    void ScrollTo(int top);
+    void ScrollBy(int rows) { ScrollTo(TopIndex() + rows); }
+    void OnVScroll(UINT code, int position);
+    void OnMouseWheel(int delta);
+
+    // ---- notifications: false when the window went away in the handler
+    bool Notify(NMHDR& header, UINT code, LRESULT* result = nullptr);
+    bool NotifySimple(UINT code, LRESULT* result = nullptr);
+    void Describe(Slot slot, TVITEM& item) const;
+
+    // ---- geometry (tree_layout.cpp holds the arithmetic)
+    Metrics ComputeMetrics() const;
+    const gdi::FontData& FontData() const;
+    HGDIOBJ FontHandle() const;
+    int TextWidth(const Metrics& m, const Item& item) const;
+    RowLayout Layout(const Metrics& m, Slot slot, int row);
+    // TVHT_* flags and item for a client point.
+    HTREEITEM HitTest(POINT pt, UINT* flags);
+    void InvalidateItem(Slot slot);
+    void InvalidateAll();
+
+    // ---- painting (tree_paint.cpp)
+    void PaintRow(CDC& dc, const Metrics& m, Slot slot, int row, bool focused);
+    void PaintLines(CDC& dc, const Metrics& m, const RowLayout& r, Slot slot, int contentTop);
+    void PaintButton(CDC& dc, const RowLayout& r, bool expanded);
+    CFont* HotFont();
+
+    // ---- input (tree_input.cpp)
+    void OnLButtonDown(POINT pt);
+    void OnLButtonUp();
+    void OnLButtonDblClk(POINT pt);
+    LRESULT OnRButtonUp(WPARAM wParam, LPARAM lParam);
+    void OnMouseMove(POINT pt);
+    void OnKeyDown(UINT key);
+    void OnChar(UINT ch);
+    void MoveCaretToRow(int row);
+    bool TypeAheadMatches(const Item& item) const;
+    void ResetTypeAhead();
+
+    Slot Resolve(HTREEITEM handle) const { return m_model.Find(handle); }
+    Slot Caret() const { return Resolve(m_caret); }
+    bool IsAlive(HWND self) const;
+
+    CWnd* m_wnd;
+    HWND m_hwnd = nullptr;  // set per message; the window being served
+    TreeModel m_model;
+
+    HTREEITEM m_caret = nullptr;
+    HTREEITEM m_drop = nullptr;
+    HTREEITEM m_hot = nullptr;
+    HTREEITEM m_topItem = nullptr;
+    int m_topIndex = 0;
+    int m_wheelRemainder = 0;
+
+    HIMAGELIST m_images = nullptr;
+    HIMAGELIST m_stateImages = nullptr;
+    HGDIOBJ m_font = nullptr;
+    CFont m_hotFont;
+    HGDIOBJ m_hotFontSource = nullptr;
+
+    bool m_leftPressed = false;
+    bool m_skipNextChar = false;
+    std::string m_typed;        // type-ahead text so far (GBK)
+    std::string m_pendingLead;  // a lead byte waiting for its trail byte
+};
+
+}  // namespace tree
