@@ -62,9 +62,13 @@ private:
     // TVE_* on one item. byUser scrolls newly shown children into view.
     bool Expand(Slot slot, UINT code, bool byUser);
     void ExpandSubtree(Slot slot);
+    // After a user expanded it: scrolls so the children show, the item stays.
+    void ShowChildren(Slot slot);
     bool EnsureVisible(Slot slot);
-    // Index of the first row shown, kept on the same item while rows change.
-    int TopIndex();
+    // Index of the first row shown, kept on the same item while rows change
+    // and clamped so the last page stays full.
+    int TopIndex(const Metrics& m);
+    int TopIndex() { return TopIndex(ComputeMetrics()); }
     void ScrollTo(int top);
     void ScrollBy(int rows) { ScrollTo(TopIndex() + rows); }
     void OnVScroll(UINT code, int position);
@@ -80,16 +84,20 @@ private:
     const gdi::FontData& FontData() const;
     HGDIOBJ FontHandle() const;
     int TextWidth(const Metrics& m, const Item& item) const;
-    RowLayout Layout(const Metrics& m, Slot slot, int row);
+    RowLayout Layout(const Metrics& m, Slot slot, int row, int top) const;
     // TVHT_* flags and item for a client point.
     HTREEITEM HitTest(POINT pt, UINT* flags);
+    // The item's row, if shown; everything when rows are being rebuilt.
     void InvalidateItem(Slot slot);
+    // The item's row and all below it.
+    void InvalidateFrom(Slot slot);
     void InvalidateAll();
 
     // ---- painting (tree_paint.cpp)
-    void PaintRow(CDC& dc, const Metrics& m, Slot slot, int row, bool focused);
-    void PaintLines(CDC& dc, const Metrics& m, const RowLayout& r, Slot slot, int contentTop);
-    void PaintButton(CDC& dc, const RowLayout& r, bool expanded);
+    void PaintRow(CDC& dc, const Metrics& m, Slot slot, int row, int top, bool focused);
+    // yOffset turns client y into content y, so dots stay put while scrolling.
+    void PaintLines(CDC& dc, const Metrics& m, const RowLayout& r, Slot slot, int yOffset) const;
+    void PaintButton(CDC& dc, const Metrics& m, const RowLayout& r, bool expanded) const;
     CFont* HotFont();
 
     // ---- input (tree_input.cpp)
@@ -101,15 +109,13 @@ private:
     void OnKeyDown(UINT key);
     void OnChar(UINT ch);
     void MoveCaretToRow(int row);
-    bool TypeAheadMatches(const Item& item) const;
     void ResetTypeAhead();
 
     Slot Resolve(HTREEITEM handle) const { return m_model.Find(handle); }
     Slot Caret() const { return Resolve(m_caret); }
-    bool IsAlive(HWND self) const;
+    HWND Hwnd() const { return m_wnd->GetSafeHwnd(); }
 
     CWnd* m_wnd;
-    HWND m_hwnd = nullptr;  // set per message; the window being served
     TreeModel m_model;
 
     HTREEITEM m_caret = nullptr;

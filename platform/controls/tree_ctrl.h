@@ -9,6 +9,9 @@
 #include "platform/core/wnd.h"
 
 class CImageList;
+namespace tree {
+class TreeControl;
+}
 
 // Tree styles.
 constexpr DWORD TVS_HASBUTTONS = 0x0001;
@@ -210,5 +213,5 @@ protected:
 
 private:
     // State and behaviour of the control, created with its window.
-    std::unique_ptr<class TreeControl> m_control;
+    std::unique_ptr<tree::TreeControl> m_control;
 };

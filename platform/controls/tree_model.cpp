@@ -1,5 +1,7 @@
 #include "platform/controls/tree_model.h"
 
+#include "platform/controls/tree_ctrl.h"
+
 namespace tree {
 namespace {
 
@@ -41,7 +43,7 @@ void TreeModel::Clear()
     m_items.emplace_back();
     m_items[kRootSlot].alive = true;
     m_items[kRootSlot].depth = -1;
-    m_items[kRootSlot].state = 0x0020;  // the hidden root counts as expanded
+    m_items[kRootSlot].state = TVIS_EXPANDED;  // the hidden root always shows its children
     m_rowsDirty = true;
     m_count = 0;
     m_tag = NextTag();
@@ -165,7 +167,7 @@ size_t TreeModel::Delete(Slot slot)
 
 bool TreeModel::IsExpanded(Slot slot) const
 {
-    return (m_items[slot].state & 0x0020) != 0;
+    return (m_items[slot].state & TVIS_EXPANDED) != 0;
 }
 
 bool TreeModel::IsAncestor(Slot ancestor, Slot slot) const

@@ -122,16 +122,3 @@ TEST(DcFill, PatBltAndInvertRect)
     c.dc.InvertRect(&r);
     EXPECT_EQ(c.Count(0x00FF00, r), 12);
 }
-
-TEST(DcFill, SetPixelAndGetPixelRespectClipping)
-{
-    Canvas c(5, 5);
-    EXPECT_EQ(c.dc.SetPixel(1, 2, RGB(1, 2, 3)), RGB(1, 2, 3));
-    EXPECT_EQ(c.At(1, 2), 0x010203u);
-    EXPECT_EQ(c.dc.GetPixel(1, 2), RGB(1, 2, 3));
-    EXPECT_EQ(c.dc.SetPixel(5, 0, 0), CLR_INVALID);
-    EXPECT_EQ(c.dc.GetPixel(-1, 0), CLR_INVALID);
-    c.dc.IntersectClipRect(0, 0, 1, 1);
-    EXPECT_EQ(c.dc.SetPixel(2, 2, 0), CLR_INVALID);
-    EXPECT_EQ(c.At(2, 2), kWhite);
-}

@@ -57,7 +57,7 @@ TEST(FontModel, TextMetricsFollowTheHeight)
     EXPECT_STREQ(lf.lfFaceName, GBK("宋体").c_str());
 }
 
-TEST(DcText, OpaqueTextFillsExactlyItsCell)
+TEST(DcText, OpaqueTextFillsItsCellTransparentTextDoesNot)
 {
     BoxGlyphs boxes;
     Canvas c(40, 20, 0x808080);
@@ -72,19 +72,15 @@ TEST(DcText, OpaqueTextFillsExactlyItsCell)
     EXPECT_EQ(c.At(2, 3), kWhite);
     EXPECT_EQ(c.Count(kBlack, CRect(8, 3, 14, 15)), 0);  // the space
     EXPECT_EQ(c.Count(kBlack, CRect(3, 5, 7, 13)), 0);  // inside a box
-}
 
-TEST(DcText, TransparentTextLeavesTheBackground)
-{
-    BoxGlyphs boxes;
-    Canvas c(40, 20, 0x808080);
-    c.dc.SelectStockObject(DEFAULT_GUI_FONT);
-    c.dc.SetBkMode(TRANSPARENT);
-    c.dc.SetTextColor(RGB(255, 0, 0));
-    c.dc.TextOut(0, 0, GBK("中").c_str(), -1);
-    EXPECT_EQ(c.Count(kWhite, c.surface.Bounds()), 0);
-    EXPECT_EQ(c.InkBounds(0x808080), CRect(0, 1, 12, 11));
-    EXPECT_EQ(c.At(0, 1), 0xFF0000u);
+    Canvas t(40, 20, 0x808080);
+    t.dc.SelectStockObject(DEFAULT_GUI_FONT);
+    t.dc.SetBkMode(TRANSPARENT);
+    t.dc.SetTextColor(RGB(255, 0, 0));
+    t.dc.TextOut(0, 0, GBK("中").c_str(), -1);
+    EXPECT_EQ(t.Count(kWhite, t.surface.Bounds()), 0);
+    EXPECT_EQ(t.InkBounds(0x808080), CRect(0, 1, 12, 11));
+    EXPECT_EQ(t.At(0, 1), 0xFF0000u);
 }
 
 TEST(DcText, ExtTextOutOpaqueRectClippingAndWidths)

@@ -1,0 +1,243 @@
+// The example host: an IDE main frame in miniature. It loads the panes module,
+// docks the bookmark and breakpoint views over a sample 8051 project, plays a
+// short scripted session through the input layer, and writes what a user
+// would have seen (PNG) and what the host was asked (a transcript).
+//
+//   panes_example <output folder>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "host/host_messages.h"
+#include "host/host_records.h"
+#include "marks/bookmark_tree_ctrl.h"
+#include "marks/breakpoint_tree_ctrl.h"
+#include "platform/core/module.h"
+#include "platform/core/paint.h"
+#include "platform/core/paint_dc.h"
+#include "platform/core/thread.h"
+#include "platform/docking/frame_wnd.h"
+#include "platform/gdi/sys_color.h"
+#include "platform/input/input.h"
+#include "platform/menu/menu_driver.h"
+#include "platform/text/gbk.h"
+#include "siblings/orv_project_misc.h"
+
+namespace {
+
+constexpr const char* kProjectPath = "C:\\8051\\traffic\\traffic.prj";
+constexpr const char* kProjectDir = "C:\\8051\\traffic\\";
+
+// A pane with a caption bar above its view, framed as the docking panes frame theirs.
+class ExamplePane : public CWnd {
+public:
+    explicit ExamplePane(std::string caption) : m_caption(std::move(caption)) {}
+    CWnd* view = nullptr;
+    std::function<void(CPoint)> showMenu;
+    static constexpr int kCaptionHeight = 20;
+
+protected:
+    DECLARE_MESSAGE_MAP()
+    void OnSize(UINT, int cx, int cy)
+    {
+        if (view && view->GetSafeHwnd()) view->MoveWindow(1, kCaptionHeight + 1, cx - 2, cy - kCaptionHeight - 2);
+    }
+    void OnContextMenu(CWnd*, CPoint point)
+    {
+        if (showMenu) showMenu(point);
+    }
+    void OnPaint()
+    {
+        CPaintDC dc(this);
+        CRect client;
+        GetClientRect(&client);
+        dc.FillSolidRect(0, 0, client.Width(), kCaptionHeight, GetSysColor(COLOR_INACTIVECAPTION));
+        dc.SetTextColor(GetSysColor(COLOR_INACTIVECAPTIONTEXT));
+        dc.SetBkMode(TRANSPARENT);
+        dc.SelectObject(CFont::FromHandle(GetStockObject(DEFAULT_GUI_FONT)));
+        CRect title(6, 0, client.Width(), kCaptionHeight);
+        dc.DrawText(m_caption.c_str(), static_cast<int>(m_caption.size()), &title, DT_LEFT | DT_VCENTER | DT_SINGLELINE);
+        if (view && view->GetSafeHwnd()) {
+            CRect frame;
+            view->GetWindowRect(&frame);
+            ScreenToClient(&frame);
+            frame.InflateRect(1, 1);
+            dc.Draw3dRect(&frame, GetSysColor(COLOR_BTNSHADOW), GetSysColor(COLOR_BTNSHADOW));
+        }
+    }
+
+private:
+    std::string m_caption;
+};
+
+BEGIN_MESSAGE_MAP(ExamplePane, CWnd)
+    ON_WM_SIZE()
+    ON_WM_CONTEXTMENU()
+    ON_WM_PAINT()
+END_MESSAGE_MAP()
+
+// The host's main frame: owns the project's mark lists and answers the panes.
+class ExampleHost : public CFrameWnd {
+public:
+    ExampleHost()
+    {
+        m_app.context = &m_context;
+        m_context.bookMarkList = &bookmarks;
+        m_context.breakPointList = &breakpoints;
+    }
+
+    CBookMarkList bookmarks;
+    CBreakPointList breakpoints;
+    std::ostringstream transcript;
+
+    void Note(const std::string& utf8) { transcript << "-- " << utf8 << "\n"; }
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        switch (message) {
+        case UWM_GET_APP_DATA:
+            transcript << "UWM_GET_APP_DATA       -> AppData\n";
+            if (lParam) *reinterpret_cast<AppData**>(lParam) = &m_app;
+            return 0;
+        case UWM_GET_PROJECT_PATH:
+            transcript << "UWM_GET_PROJECT_PATH   -> " << kProjectPath << "\n";
+            if (wParam) std::snprintf(reinterpret_cast<char*>(wParam), kHostPathBytes, "%s", kProjectPath);
+            return 0;
+        case UWM_GOTO_SOURCE:
+            transcript << "UWM_GOTO_SOURCE        file " << GbkToUtf8(reinterpret_cast<const char*>(wParam)) << ", line " << lParam << "\n";
+            return 0;
+        case WM_COMMAND:
+            transcript << "WM_COMMAND             " << LOWORD(wParam) << (LOWORD(wParam) == ID_HOST_CLEAR_ALL_BREAKPOINTS ? " (clear all breakpoints)" : LOWORD(wParam) == ID_HOST_CLEAR_ALL_BOOKMARKS ? " (clear all bookmarks)" : "") << "\n";
+            return 0;
+        default:
+            return CFrameWnd::WindowProc(message, wParam, lParam);
+        }
+    }
+
+private:
+    AppData m_app;
+    ProjectContext m_context;
+};
+
+template <class Group>
+Group* AddFile(CPtrArray& list, const char* utf8Name)
+{
+    auto* group = new Group;
+    group->file = GBK(std::string(kProjectDir) + utf8Name).c_str();
+    list.Add(group);
+    return group;
+}
+
+template <class Item, class Group>
+Item* AddMark(Group* group, int line, const char* utf8Text, int active = 0)
+{
+    auto* item = new Item;
+    item->line = line;
+    std::snprintf(item->text, sizeof item->text, "%s", GBK(utf8Text).c_str());
+    if constexpr (requires { item->active; }) item->active = active;
+    group->OrdAdd(item);
+    return item;
+}
+
+void FillSampleProject(ExampleHost& host)
+{
+    auto* main = AddFile<CBookMarkItems>(host.bookmarks, "main.c");
+    AddMark<CBookMarkItem>(main, 12, "void main(void)");
+    AddMark<CBookMarkItem>(main, 27, "    P1 = LIGHT_RED;       /* 红灯 */");
+    auto* timer = AddFile<CBookMarkItems>(host.bookmarks, "drivers\\timer0.c");
+    AddMark<CBookMarkItem>(timer, 8, "void timer0_isr(void) interrupt 1");
+    auto* uart = AddFile<CBookMarkItems>(host.bookmarks, "串口\\uart.c");
+    AddMark<CBookMarkItem>(uart, 41, "    SBUF = ch;            // 发送一个字节");
+
+    auto* mainBp = AddFile<CBreakPointItems>(host.breakpoints, "main.c");
+    AddMark<CBreakPointItem>(mainBp, 19, "    init_timer0();", 1);
+    AddMark<CBreakPointItem>(mainBp, 33, "    if (count == 0) phase++;", 0);
+    auto* timerBp = AddFile<CBreakPointItems>(host.breakpoints, "drivers\\timer0.c");
+    AddMark<CBreakPointItem>(timerBp, 10, "    TH0 = 0xFC; TL0 = 0x18;", 1);
+}
+
+CPoint LabelCentre(CTreeCtrl& tree, int index)
+{
+    HTREEITEM node = tree.GetRootItem();
+    for (int i = 0; i < index && node; ++i) node = tree.GetNextSiblingItem(node);
+    CRect rect;
+    tree.GetItemRect(node, &rect, TRUE);
+    return rect.CenterPoint();
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    const std::filesystem::path out = argc > 1 ? argv[1] : ".";
+    std::filesystem::create_directories(out);
+
+    CWinApp app("panes example");
+    HINSTANCE module = AfxLoadLibrary(DOCKPANES_MODULE_PATH);
+    if (!module) {
+        std::fprintf(stderr, "cannot load the panes module: %s\n", AfxLastLoadError());
+        return 1;
+    }
+    int result = 0;
+    {
+        ExampleHost host;
+        host.Create(nullptr, "example", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 760, 260));
+        app.m_pMainWnd = &host;
+        OrvProjectMisc::SetListener([&](std::string_view routine, int argument) {
+            host.transcript << "sibling " << routine << "(" << argument << ")\n";
+        });
+        FillSampleProject(host);
+
+        ExamplePane bookmarkPane(GBK("书签"));
+        ExamplePane breakpointPane(GBK("断点"));
+        CBookMarkListTreeCtrl bookmarkView;
+        CBreakPointListTreeCtrl breakpointView;
+        bookmarkPane.view = &bookmarkView;
+        breakpointPane.view = &breakpointView;
+        bookmarkPane.showMenu = [&](CPoint p) { bookmarkView.ShowMenu(p); };
+        breakpointPane.showMenu = [&](CPoint p) { breakpointView.ShowMenu(p); };
+        bookmarkPane.Create(nullptr, "bookmarks", WS_VISIBLE, CRect(4, 4, 376, 254), &host, 1);
+        breakpointPane.Create(nullptr, "breakpoints", WS_VISIBLE, CRect(380, 4, 754, 254), &host, 2);
+        if (!bookmarkView.Create(&bookmarkPane) || !breakpointView.Create(&breakpointPane)) {
+            std::fprintf(stderr, "cannot create the views\n");
+            return 1;
+        }
+        bookmarkPane.MoveWindow(4, 4, 372, 250);
+        breakpointPane.MoveWindow(380, 4, 374, 250);
+
+        host.Note("the host refreshes both views");
+        bookmarkView.SendMessage(UWM_REFRESH_VIEW, 0, 0);
+        breakpointView.SendMessage(UWM_REFRESH_VIEW, 0, 0);
+
+        host.Note("the user clicks the second bookmark");
+        Input::Click(&bookmarkView, LabelCentre(bookmarkView, 1));
+        host.Note("the user selects the first breakpoint and opens its context menu");
+        Input::Click(&breakpointView, LabelCentre(breakpointView, 0));
+        MenuDriver::Queue([&](const ShownMenu&) {
+            Paint::CaptureWindow(host, (out / "panes_menu.png").c_str());
+            return 32057u;  // "定位到"
+        });
+        Input::Wait();
+        Input::RightClick(&breakpointView, LabelCentre(breakpointView, 0));
+        host.Note("the user presses F5 in the bookmark view");
+        bookmarkView.SetFocus();
+        Input::Key(VK_F5);
+        bookmarkView.SetFocus();
+        Input::Key(VK_DOWN);
+
+        const bool written = Paint::CaptureWindow(host, (out / "panes.png").c_str());
+        std::ofstream((out / "transcript.txt").string()) << host.transcript.str();
+        std::printf("%s\n%s\n%s\n", (out / "panes.png").c_str(), (out / "panes_menu.png").c_str(),
+                    (out / "transcript.txt").c_str());
+        result = written ? 0 : 1;
+        OrvProjectMisc::SetListener({});
+        app.m_pMainWnd = nullptr;
+    }
+    AfxFreeLibrary(module);
+    return result;
+}
