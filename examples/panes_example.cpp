@@ -201,8 +201,9 @@ int main(int argc, char** argv)
         breakpointPane.view = &breakpointView;
         bookmarkPane.showMenu = [&](CPoint p) { bookmarkView.ShowMenu(p); };
         breakpointPane.showMenu = [&](CPoint p) { breakpointView.ShowMenu(p); };
-        bookmarkPane.Create(nullptr, "bookmarks", WS_VISIBLE, CRect(4, 4, 376, 254), &host, 1);
-        breakpointPane.Create(nullptr, "breakpoints", WS_VISIBLE, CRect(380, 4, 754, 254), &host, 2);
+        // The panes get their size once docked, after their views exist.
+        bookmarkPane.Create(nullptr, "bookmarks", WS_VISIBLE, CRect(0, 0, 0, 0), &host, 1);
+        breakpointPane.Create(nullptr, "breakpoints", WS_VISIBLE, CRect(0, 0, 0, 0), &host, 2);
         if (!bookmarkView.Create(&bookmarkPane) || !breakpointView.Create(&breakpointPane)) {
             std::fprintf(stderr, "cannot create the views\n");
             return 1;
@@ -219,7 +220,9 @@ int main(int argc, char** argv)
         host.Note("the user selects the first breakpoint and opens its context menu");
         Input::Click(&breakpointView, LabelCentre(breakpointView, 0));
         MenuDriver::Queue([&](const ShownMenu&) {
-            Paint::CaptureWindow(host, (out / "panes_menu.png").c_str());
+            CRect screen;
+            host.GetWindowRect(&screen);
+            Paint::CaptureScreen(screen, (out / "panes_menu.png").c_str());
             return 32057u;  // "定位到"
         });
         Input::Wait();

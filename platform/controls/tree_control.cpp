@@ -332,11 +332,11 @@ BOOL TreeControl::OnSetItem(const TVITEM* in)
     if (in->mask & TVIF_CHILDREN) item.forceButton = in->cChildren > 0;
     if (in->mask & TVIF_STATE) {
         const UINT state = (item.state & ~in->stateMask) | (in->state & in->stateMask);
-        rowsChange = ((state ^ item.state) & TVIS_EXPANDED) != 0 && item.firstChild != kNone;
+        rowsChange = ((state ^ item.state) & TVIS_EXPANDED) != 0 && item.firstChild != kNone && m_model.IsVisible(slot);
         item.state = state;
     }
     if (rowsChange) {
-        InvalidateFrom(slot);
+        InvalidateRowsChange(slot, (item.state & TVIS_EXPANDED) == 0);
         m_model.RowsChanged();
     } else if (in->mask & (TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_STATE | TVIF_CHILDREN)) {
         InvalidateItem(slot);
@@ -494,7 +494,7 @@ bool TreeControl::Expand(Slot slot, UINT code, bool byUser)
     slot = Resolve(handle);
     if (slot == kNone) return false;
 
-    InvalidateFrom(slot);
+    InvalidateRowsChange(slot, !expand);
     if (expand) m_model.At(slot).state |= TVIS_EXPANDED;
     else m_model.At(slot).state &= ~TVIS_EXPANDED;
     m_model.RowsChanged();
@@ -583,8 +583,11 @@ int TreeControl::TopIndex(const Metrics& m)
     if (m_model.IsItem(top)) index = m_model.At(top).row;
     const int last = std::max(0, static_cast<int>(rows.size()) - m.PageRows());
     index = std::clamp(index, 0, last);
+    const HTREEITEM before = m_topItem;
     m_topIndex = index;
     m_topItem = rows.empty() ? nullptr : m_model.HandleOf(rows[static_cast<size_t>(index)]);
+    // Another row on top moves every row shown.
+    if (before && m_topItem != before) InvalidateAll();
     return index;
 }
 
@@ -734,6 +737,14 @@ void TreeControl::InvalidateItem(Slot slot)
     const int y = m.client.top + (row - TopIndex(m)) * m.itemHeight;
     CRect area(m.client.left, y, m.client.right, y + m.itemHeight);
     if (area.bottom > m.client.top && area.top < m.client.bottom) ::InvalidateRect(Hwnd(), &area, TRUE);
+}
+
+void TreeControl::InvalidateRowsChange(Slot slot, bool shrinking)
+{
+    // Fewer rows can pull a scrolled view back to keep the last page full,
+    // which moves the rows above the item too.
+    if (shrinking && (!m_model.RowsCurrent() || TopIndex() > 0)) InvalidateAll();
+    else InvalidateFrom(slot);
 }
 
 void TreeControl::InvalidateFrom(Slot slot)

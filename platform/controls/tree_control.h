@@ -91,6 +91,8 @@ private:
     void InvalidateItem(Slot slot);
     // The item's row and all below it.
     void InvalidateFrom(Slot slot);
+    // Before the item's children are shown or hidden.
+    void InvalidateRowsChange(Slot slot, bool shrinking);
     void InvalidateAll();
 
     // ---- painting (tree_paint.cpp)

@@ -77,7 +77,6 @@ void TreeControl::OnLButtonDblClk(POINT pt)
     ResetTypeAhead();
     m_wnd->SetFocus();
     if (!IsWindow(self)) return;
-    m_leftPressed = false;  // the release that ends a double click is no click
     UINT flags = 0;
     const HTREEITEM handle = HitTest(pt, &flags);
     if (flags & TVHT_ONITEMBUTTON) {

@@ -122,7 +122,8 @@ Slot TreeModel::Insert(Slot parent, Where where, Slot after)
         }
     }
     ++m_count;
-    m_rowsDirty = true;
+    // Filling a collapsed folder leaves the rows as they are.
+    if (parent == kRootSlot || (IsExpanded(parent) && IsVisible(parent))) m_rowsDirty = true;
     return slot;
 }
 
@@ -140,6 +141,7 @@ void TreeModel::Unlink(Slot slot)
 size_t TreeModel::Delete(Slot slot)
 {
     if (!IsItem(slot)) return 0;
+    if (IsVisible(slot)) m_rowsDirty = true;
     Unlink(slot);
     // Free the subtree children first, without recursion: always descend to
     // the first child, free a leaf, go on with its next sibling or, when it
@@ -149,11 +151,11 @@ size_t TreeModel::Delete(Slot slot)
     while (true) {
         while (m_items[current].firstChild != kNone) current = m_items[current].firstChild;
         if (current == slot) break;
+        // Only the parent's first-child link is followed again; the whole
+        // subtree goes, so the other links need no repair.
         const Slot parent = m_items[current].parent;
         const Slot next = m_items[current].next;
         m_items[parent].firstChild = next;
-        if (next != kNone) m_items[next].prev = kNone;
-        else m_items[parent].lastChild = kNone;
         Free(current);
         ++removed;
         current = next != kNone ? next : parent;
@@ -161,7 +163,6 @@ size_t TreeModel::Delete(Slot slot)
     Free(slot);
     ++removed;
     m_count -= removed;
-    m_rowsDirty = true;
     return removed;
 }
 

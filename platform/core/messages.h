@@ -155,6 +155,51 @@ constexpr UINT NM_RCLICK = static_cast<UINT>(NM_FIRST - 5);
 constexpr UINT NM_SETFOCUS = static_cast<UINT>(NM_FIRST - 7);
 constexpr UINT NM_KILLFOCUS = static_cast<UINT>(NM_FIRST - 8);
 
+// Owner drawing: WM_MEASUREITEM asks the owner for an item's size, and
+// WM_DRAWITEM asks it to draw one. A window that does not handle them offers
+// them to the control they name (CWnd::OnChildNotify).
+constexpr UINT ODT_MENU = 1;
+constexpr UINT ODT_LISTBOX = 2;
+constexpr UINT ODT_COMBOBOX = 3;
+constexpr UINT ODT_BUTTON = 4;
+constexpr UINT ODT_STATIC = 5;
+constexpr UINT ODT_HEADER = 100;
+constexpr UINT ODT_TAB = 101;
+constexpr UINT ODT_LISTVIEW = 102;
+constexpr UINT ODA_DRAWENTIRE = 0x0001;
+constexpr UINT ODA_SELECT = 0x0002;
+constexpr UINT ODA_FOCUS = 0x0004;
+constexpr UINT ODS_SELECTED = 0x0001;
+constexpr UINT ODS_GRAYED = 0x0002;
+constexpr UINT ODS_DISABLED = 0x0004;
+constexpr UINT ODS_CHECKED = 0x0008;
+constexpr UINT ODS_FOCUS = 0x0010;
+constexpr UINT ODS_DEFAULT = 0x0020;
+constexpr UINT ODS_COMBOBOXEDIT = 0x1000;
+
+struct MEASUREITEMSTRUCT {
+    UINT CtlType = 0;
+    UINT CtlID = 0;
+    UINT itemID = 0;
+    UINT itemWidth = 0;
+    UINT itemHeight = 0;
+    UINT_PTR itemData = 0;
+};
+using LPMEASUREITEMSTRUCT = MEASUREITEMSTRUCT*;
+
+struct DRAWITEMSTRUCT {
+    UINT CtlType = 0;
+    UINT CtlID = 0;
+    UINT itemID = 0;
+    UINT itemAction = 0;
+    UINT itemState = 0;
+    HWND hwndItem = nullptr;
+    HDC hDC = nullptr;
+    RECT rcItem{};
+    UINT_PTR itemData = 0;
+};
+using LPDRAWITEMSTRUCT = DRAWITEMSTRUCT*;
+
 struct CREATESTRUCT {
     LPVOID lpCreateParams = nullptr;
     HINSTANCE hInstance = nullptr;

@@ -114,6 +114,25 @@ bool CaptureWindow(HWND hwnd, const char* path)
     return WritePng(*surface, area, path);
 }
 
+bool CaptureScreen(const RECT& area, const char* path)
+{
+    UpdateAllWindows();
+    const CRect screenArea(area);
+    if (screenArea.IsRectEmpty() || !path) return false;
+    Surface screen(screenArea.Width(), screenArea.Height(), ColorRefToPixel(GetSysColor(COLOR_BACKGROUND)));
+    for (HWND top : WindowRegistry::TopLevelWindows()) {
+        const WindowData* data = WindowRegistry::Find(top);
+        if (!data || !data->surface || !(data->style & WS_VISIBLE)) continue;
+        CRect visible;
+        if (!visible.IntersectRect(data->rect, screenArea)) continue;
+        for (int y = visible.top; y < visible.bottom; ++y) {
+            const std::uint32_t* from = data->surface->Row(y - data->rect.top) + (visible.left - data->rect.left);
+            std::copy(from, from + visible.Width(), screen.Row(y - screenArea.top) + (visible.left - screenArea.left));
+        }
+    }
+    return WritePng(screen, path);
+}
+
 bool IsPaintSuppressed(HWND hwnd)
 {
     const WindowData* data = WindowRegistry::Find(hwnd);

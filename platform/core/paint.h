@@ -23,6 +23,9 @@ AFX_API Surface* SurfaceOf(HWND hwnd, POINT* clientOrigin);
 // rectangle, frame included) to a PNG file. False if the window or the file
 // cannot be had.
 AFX_API bool CaptureWindow(HWND hwnd, const char* path);
+// Paints what is pending, then writes what the screen shows in an area:
+// every visible top-level window (popup menus included) in z-order.
+AFX_API bool CaptureScreen(const RECT& area, const char* path);
 // Whether painting of this window is held back (hidden, redraw off, locked).
 AFX_API bool IsPaintSuppressed(HWND hwnd);
 

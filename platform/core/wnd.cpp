@@ -67,7 +67,24 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult
     }
     if (message == WM_NOTIFY) return OnNotify(wParam, lParam, pResult);
     const AFX_MSGMAP_ENTRY* entry = FindMessageEntry(message, 0, 0);
-    if (!entry) return FALSE;
+    if (!entry) {
+        // Owner-draw requests nobody here handles go to the control they name.
+        if (message == WM_DRAWITEM && lParam) {
+            const auto* draw = reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
+            if (draw->CtlType != ODT_MENU && ReflectLastMsg(draw->hwndItem, message, wParam, lParam, pResult)) {
+                *pResult = TRUE;
+                return TRUE;
+            }
+        } else if (message == WM_MEASUREITEM && lParam) {
+            const auto* measure = reinterpret_cast<const MEASUREITEMSTRUCT*>(lParam);
+            const CWnd* child = measure->CtlType != ODT_MENU ? GetDlgItem(static_cast<int>(measure->CtlID)) : nullptr;
+            if (child && ReflectLastMsg(child->m_hWnd, message, wParam, lParam, pResult)) {
+                *pResult = TRUE;
+                return TRUE;
+            }
+        }
+        return FALSE;
+    }
     return entry->pfn(this, wParam, lParam, nullptr, pResult) ? TRUE : FALSE;
 }
 

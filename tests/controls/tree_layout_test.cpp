@@ -1,4 +1,5 @@
 // Row geometry, hit testing, scrolling and keyboard navigation.
+#include "platform/gdi/font.h"
 #include "tree_test_support.h"
 
 using tree_test::kImageCx;
@@ -116,6 +117,12 @@ TEST_F(TreeGeometry, HitTestNamesEachZone)
     EXPECT_EQ(tree.HitTest(&info), child);
     EXPECT_EQ(info.hItem, child);
     EXPECT_EQ(info.flags, TVHT_ONITEMLABEL);
+
+    // Full-row selection selects from the whole row but still names the zones.
+    tree.ModifyStyle(0, TVS_FULLROWSELECT);
+    EXPECT_EQ(Flags(199, 27), TVHT_ONITEMRIGHT);
+    EXPECT_EQ(Flags(9, 27), TVHT_ONITEMINDENT);
+    EXPECT_EQ(Flags(ItemRect(child, true).left, 27), TVHT_ONITEMLABEL);
 }
 
 TEST_F(TreeGeometry, StateImagesGetTheirOwnZone)
@@ -130,16 +137,6 @@ TEST_F(TreeGeometry, StateImagesGetTheirOwnZone)
     EXPECT_EQ(Flags(19, 8), TVHT_ONITEMSTATEICON);
     EXPECT_EQ(Flags(19 + kImageCx - 1, 8), TVHT_ONITEMSTATEICON);
     EXPECT_EQ(Flags(19 + kImageCx, 8), TVHT_ONITEMLABEL);
-}
-
-TEST_F(TreeGeometry, FullRowSelectKeepsPreciseFlags)
-{
-    Make(kClassic | TVS_FULLROWSELECT);
-    const HTREEITEM item = tree.InsertItem("item");
-    const CRect label = ItemRect(item, true);
-    EXPECT_EQ(Flags(label.right + 20, 8), TVHT_ONITEMRIGHT);
-    EXPECT_EQ(Flags(label.left + 1, 8), TVHT_ONITEMLABEL);
-    EXPECT_EQ(Flags(5, 8), TVHT_ONITEMINDENT);
 }
 
 // ---------------------------------------------------------------- scrolling
@@ -285,6 +282,33 @@ TEST_F(TreeScrolling, TheFirstRowShownStaysWhileRowsChange)
     EXPECT_EQ(FirstVisible(), 95);
     tree.MoveWindow(10, 10, 200, 160);
     EXPECT_EQ(FirstVisible(), 90);
+}
+
+TEST_F(TreeScrolling, CollapsingOnTheLastPageRepaintsEveryRow)
+{
+    for (int i = 0; i < 3; ++i) tree.InsertItem("child", items[99]);
+    tree.Expand(items[99], TVE_EXPAND);
+    tree.SendMessage(WM_VSCROLL, MAKEWPARAM(7, 0));  // SB_BOTTOM
+    EXPECT_EQ(FirstVisible(), 98);
+    Paint::UpdateAllWindows();
+    CRect pending;
+    ASSERT_FALSE(tree.GetUpdateRect(&pending));
+    // items[99] is the second row; with its children gone the view pulls
+    // back three rows, so the rows above it change too.
+    tree.Expand(items[99], TVE_COLLAPSE);
+    ASSERT_TRUE(tree.GetUpdateRect(&pending));
+    EXPECT_EQ(pending, CRect(0, 0, 200, 80));
+    EXPECT_EQ(FirstVisible(), 95);
+    // Expanding only adds rows below the item.
+    tree.Select(items[90], TVGN_FIRSTVISIBLE);
+    Paint::UpdateAllWindows();
+    tree.Expand(items[92], TVE_EXPAND);  // a leaf: nothing happens
+    EXPECT_FALSE(tree.GetUpdateRect(&pending));
+    tree.InsertItem("child", items[92]);
+    Paint::UpdateAllWindows();
+    tree.Expand(items[92], TVE_EXPAND);
+    ASSERT_TRUE(tree.GetUpdateRect(&pending));
+    EXPECT_EQ(pending, CRect(0, 32, 200, 80));
 }
 
 TEST_F(TreeScrolling, EnsureVisibleExpandsAndScrolls)

@@ -73,8 +73,13 @@ TEST_F(TreeModel, DeleteRemovesSubtreeAndKeepsNeighboursLinked)
     const HTREEITEM child = tree.InsertItem("child", roots[1]);
     const HTREEITEM grandchild = tree.InsertItem("grandchild", child);
     EXPECT_EQ(tree.GetCount(), 5u);
+    tree.Expand(roots[1], TVE_EXPAND);
+    EXPECT_EQ(tree.HitTest(CPoint(50, 40)), child);  // the grandchild stays hidden
+    EXPECT_EQ(tree.HitTest(CPoint(30, 40 + 16)), roots[2]);
     EXPECT_TRUE(tree.DeleteItem(roots[1]));
     EXPECT_EQ(tree.GetCount(), 2u);
+    EXPECT_EQ(tree.HitTest(CPoint(30, 24)), roots[2]);
+    EXPECT_EQ(tree.HitTest(CPoint(30, 40)), nullptr);
     EXPECT_EQ(tree.GetNextSiblingItem(roots[0]), roots[2]);
     EXPECT_EQ(tree.GetPrevSiblingItem(roots[2]), roots[0]);
     for (HTREEITEM gone : {roots[1], child, grandchild}) {
@@ -86,7 +91,9 @@ TEST_F(TreeModel, DeleteRemovesSubtreeAndKeepsNeighboursLinked)
     const HTREEITEM only = tree.InsertItem("only", roots[0]);
     EXPECT_TRUE(tree.DeleteItem(only));
     EXPECT_FALSE(tree.ItemHasChildren(roots[0]));
-    EXPECT_EQ(tree.InsertItem("again", roots[0]), tree.GetChildItem(roots[0]));
+    const HTREEITEM again = tree.InsertItem("again", roots[0]);
+    EXPECT_EQ(tree.GetChildItem(roots[0]), again);
+    EXPECT_EQ(tree.GetNextSiblingItem(again), nullptr);
 }
 
 TEST_F(TreeModel, StaleAndForeignHandlesFailWithoutEffect)
@@ -178,6 +185,15 @@ TEST_F(TreeModel, VisibleRelationsFollowExpansion)
     EXPECT_EQ(tree.GetNextVisibleItem(a), b);
     EXPECT_EQ(tree.GetNextItem(nullptr, TVGN_LASTVISIBLE), b);
     EXPECT_FALSE(tree.Expand(b, TVE_EXPAND));  // nothing to expand
+
+    // Rows follow insertions under an open parent, and ignore them under a closed one.
+    tree.Expand(a, TVE_EXPAND);
+    EXPECT_EQ(tree.HitTest(CPoint(45, 4 * 16 + 8)), b);
+    tree.InsertItem("hidden", a1);
+    const HTREEITEM a3 = tree.InsertItem("a3", a);
+    EXPECT_EQ(tree.HitTest(CPoint(45, 4 * 16 + 8)), a3);
+    EXPECT_EQ(ItemRect(a3, false).top, 4 * 16);
+    EXPECT_EQ(ItemRect(b, false).top, 5 * 16);
 }
 
 TEST_F(TreeModel, ExpansionNotifiesAndCanBeVetoed)
@@ -290,7 +306,7 @@ TEST_F(TreeModel, GetItemTextReturnsLongTextWhole)
     EXPECT_EQ(tree.GetItemText(h).str(), edge);
 }
 
-TEST_F(TreeModel, ItemMembersEachSendOneSetItem)
+TEST_F(TreeModel, SetItemChangesWhatTheMaskNames)
 {
     const HTREEITEM h = tree.InsertItem("x", 1, 2);
     MessageSpy::Counter setItems(tree.GetSafeHwnd(), TVM_SETITEM);
@@ -299,31 +315,29 @@ TEST_F(TreeModel, ItemMembersEachSendOneSetItem)
     EXPECT_TRUE(tree.SetItemData(h, 0xBEEF));
     EXPECT_TRUE(tree.SetItemImage(h, 5, 6));
     EXPECT_EQ(setItems.Count(), 3);
-
     EXPECT_EQ(tree.GetItemText(h), "renamed");
     EXPECT_EQ(tree.GetItemData(h), 0xBEEFu);
     int image = 0, selected = 0;
     EXPECT_TRUE(tree.GetItemImage(h, image, selected));
     EXPECT_EQ(image, 5);
     EXPECT_EQ(selected, 6);
-    EXPECT_TRUE(tree.SetItemText(h, nullptr));
-    EXPECT_EQ(tree.GetItemText(h), "");
-}
 
-TEST_F(TreeModel, StateMaskLimitsWhatSetItemChanges)
-{
-    const HTREEITEM a = tree.InsertItem("a");
-    const HTREEITEM child = tree.InsertItem("child", a);
+    // Only the state bits in the mask change, and a state change is no
+    // expansion by the user: nothing is notified.
+    const HTREEITEM child = tree.InsertItem("child", h);
     TVITEM item;
     item.mask = TVIF_STATE;
-    item.hItem = a;
+    item.hItem = h;
     item.state = TVIS_EXPANDED | 0x0100;
     item.stateMask = TVIS_EXPANDED;
     parent.events.clear();
     ASSERT_TRUE(tree.SetItem(&item));
-    EXPECT_EQ(tree.GetItemState(a, 0xFFFF), TVIS_EXPANDED);
-    EXPECT_EQ(tree.GetNextVisibleItem(a), child);
-    EXPECT_TRUE(parent.events.empty());  // a state change is no expansion by the user
+    EXPECT_EQ(tree.GetItemState(h, 0xFFFF), TVIS_EXPANDED);
+    EXPECT_EQ(tree.GetNextVisibleItem(h), child);
+    EXPECT_TRUE(parent.events.empty());
+    EXPECT_EQ(tree.GetItemText(h), "renamed");
+    EXPECT_TRUE(tree.SetItemText(h, nullptr));
+    EXPECT_EQ(tree.GetItemText(h), "");
 }
 
 TEST_F(TreeModel, LargeTreeOperationsStayCheap)
@@ -339,11 +353,14 @@ TEST_F(TreeModel, LargeTreeOperationsStayCheap)
     for (int i = 0; i < kCount; ++i) items.push_back(tree.InsertItem("x", folder));
     tree.Expand(folder, TVE_EXPAND);
     EXPECT_EQ(tree.GetCount(), static_cast<UINT>(kCount + 1));
-    tree.EnsureVisible(items.back());
+    EXPECT_TRUE(tree.EnsureVisible(items.back()));
+    EXPECT_EQ(tree.HitTest(CPoint(50, 150)), items.back());
     for (int i = 0; i < kCount; ++i) {
         tree.SetItemText(items[static_cast<size_t>(i)], "y");
         tree.SetItemData(items[static_cast<size_t>(i)], static_cast<DWORD_PTR>(i));
-        if (i + 1 < kCount) ASSERT_EQ(tree.GetNextSiblingItem(items[static_cast<size_t>(i)]), items[static_cast<size_t>(i) + 1]);
+        if (i + 1 < kCount) {
+            ASSERT_EQ(tree.GetNextSiblingItem(items[static_cast<size_t>(i)]), items[static_cast<size_t>(i) + 1]);
+        }
     }
     Paint::UpdateAllWindows();
     EXPECT_EQ(tree.GetNextItem(nullptr, TVGN_LASTVISIBLE), items.back());

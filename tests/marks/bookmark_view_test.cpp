@@ -236,3 +236,26 @@ TEST_F(BookmarkView, NodesShowTheBookmarkBadge)
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(BookmarkView, MenuOpenedAfterALeftClickFollowsItsSelection)
+{
+    AddGroup("a.c", {4});
+    Refresh();
+    // A menu asked for from the keyboard opens where it is asked, without a right click.
+    const auto menuNow = [this] {
+        MenuDriver::Dismiss();
+        CPoint point(10, 10);
+        view.ClientToScreen(&point);
+        view.ShowMenu(point);
+        return *MenuDriver::LastShown();
+    };
+    Input::Click(&view, LabelPoint(Nodes()[0]));
+    EXPECT_TRUE(menuNow().Find(32056)->enabled);
+    Input::Wait();
+    Input::Click(&view, EmptyPoint());
+    EXPECT_FALSE(menuNow().Find(32056)->enabled);
+}
+
+}  // namespace

@@ -68,14 +68,17 @@ TYPED_TEST(MarkGroupTest, OrdAddSkipsNullEntriesAndIgnoresNullMarks)
     TypeParam group;
     group.Add(NewMark<Item>(5));
     group.Add(nullptr);  // a host that left a hole
-    group.OrdAdd(NewMark<Item>(7));
+    group.OrdAdd(NewMark<Item>(7));  // the hole is passed over; 7 goes after 5
     group.OrdAdd(nullptr);
     ASSERT_EQ(group.GetSize(), 3);
     EXPECT_EQ(group.ItemAt(0)->line, 5);
-    EXPECT_EQ(group.ItemAt(1), nullptr);
-    EXPECT_EQ(group.ItemAt(2)->line, 7);
-    group.OrdAdd(NewMark<Item>(6));  // scans past the hole to line 5
+    ASSERT_NE(group.ItemAt(1), nullptr);
+    EXPECT_EQ(group.ItemAt(1)->line, 7);
+    EXPECT_EQ(group.ItemAt(2), nullptr);
+    group.OrdAdd(NewMark<Item>(6));
+    ASSERT_NE(group.ItemAt(1), nullptr);
     EXPECT_EQ(group.ItemAt(1)->line, 6);
+    EXPECT_EQ(group.GetSize(), 4);
 }
 
 TEST(MarkItems, FreshMarksAreEmptyAndCopiesTakeEveryByte)

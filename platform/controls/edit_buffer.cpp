@@ -1,0 +1,126 @@
+// Character boundaries, selection and replacement of the edit control's text.
+#include "platform/controls/edit_buffer.h"
+
+#include <algorithm>
+
+#include "platform/text/gbk.h"
+
+namespace edit {
+
+std::string_view Buffer::Selected() const
+{
+    return std::string_view(m_text).substr(static_cast<size_t>(SelStart()), static_cast<size_t>(SelEnd() - SelStart()));
+}
+
+void Buffer::SetLimit(int limit)
+{
+    m_limit = limit <= 0 ? kMaxLimit : std::min(limit, kMaxLimit);
+}
+
+int Buffer::Snap(long long pos) const
+{
+    if (pos <= 0) return 0;
+    if (pos >= Length()) return Length();
+    // Trail bytes look like lead bytes, so boundaries are found from the start.
+    size_t at = 0;
+    while (at < m_text.size()) {
+        const size_t next = at + static_cast<size_t>(GbkCharLength(m_text, at));
+        if (next > static_cast<size_t>(pos)) break;
+        at = next;
+    }
+    return static_cast<int>(at);
+}
+
+int Buffer::PrevChar(int pos) const
+{
+    return pos <= 0 ? 0 : Snap(pos - 1);
+}
+
+int Buffer::NextChar(int pos) const
+{
+    pos = Snap(pos);
+    if (pos >= Length()) return Length();
+    return pos + GbkCharLength(m_text, static_cast<size_t>(pos));
+}
+
+int Buffer::WordLeft(int pos) const
+{
+    pos = Snap(pos);
+    while (pos > 0 && m_text[static_cast<size_t>(PrevChar(pos))] == ' ') pos = PrevChar(pos);
+    while (pos > 0 && m_text[static_cast<size_t>(PrevChar(pos))] != ' ') pos = PrevChar(pos);
+    return pos;
+}
+
+int Buffer::WordRight(int pos) const
+{
+    pos = Snap(pos);
+    while (pos < Length() && m_text[static_cast<size_t>(pos)] != ' ') pos = NextChar(pos);
+    while (pos < Length() && m_text[static_cast<size_t>(pos)] == ' ') pos = NextChar(pos);
+    return pos;
+}
+
+void Buffer::Select(long long anchor, long long caret)
+{
+    m_anchor = Snap(anchor);
+    m_caret = Snap(caret);
+}
+
+void Buffer::MoveCaret(int pos, bool extend)
+{
+    m_caret = Snap(pos);
+    if (!extend) m_anchor = m_caret;
+}
+
+bool Buffer::ReplaceSelection(std::string_view text, bool honourLimit, bool* truncated)
+{
+    if (truncated) *truncated = false;
+    const int start = SelStart();
+    const int end = SelEnd();
+    size_t keep = text.size();
+    if (honourLimit) {
+        const long long room = std::max<long long>(0, static_cast<long long>(m_limit) - (Length() - (end - start)));
+        if (static_cast<long long>(keep) > room) {
+            // Whole characters only.
+            size_t used = 0;
+            while (used < text.size()) {
+                const size_t next = used + static_cast<size_t>(GbkCharLength(text, used));
+                if (static_cast<long long>(next) > room) break;
+                used = next;
+            }
+            keep = used;
+            if (truncated) *truncated = true;
+        }
+    }
+    if (start == end && keep == 0) return false;
+    m_text.replace(static_cast<size_t>(start), static_cast<size_t>(end - start), text.substr(0, keep));
+    m_caret = m_anchor = start + static_cast<int>(keep);
+    return true;
+}
+
+void Buffer::SetText(std::string_view text)
+{
+    m_text.assign(text);
+    m_caret = m_anchor = 0;
+}
+
+void Buffer::SaveUndo()
+{
+    m_canUndo = true;
+    m_undoText = m_text;
+    m_undoCaret = m_caret;
+    m_undoAnchor = m_anchor;
+}
+
+bool Buffer::Undo()
+{
+    if (!m_canUndo) return false;
+    // Undoing again redoes, as the platform's single-level undo does.
+    std::swap(m_text, m_undoText);
+    std::swap(m_caret, m_undoCaret);
+    std::swap(m_anchor, m_undoAnchor);
+    m_caret = Snap(m_caret);
+    m_anchor = Snap(m_anchor);
+    return true;
+}
+
+}  // namespace edit

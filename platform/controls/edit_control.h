@@ -1,0 +1,112 @@
+// The edit control's state and behaviour behind CEdit::DefWindowProc: the
+// EM_* and text messages, typing, caret movement, the mouse, the clipboard,
+// horizontal scrolling, notifications and painting.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/controls/edit.h"
+#include "platform/controls/edit_buffer.h"
+#include "platform/gdi/font_model.h"
+
+class CDC;
+
+namespace edit {
+
+// Between the client edges and the text.
+constexpr int kHorizontalMargin = 2;
+constexpr int kTopMargin = 1;
+constexpr int kCaretWidth = 1;
+// When the caret leaves the view, the text scrolls so that the caret lands
+// this fraction of the width in from the edge it left by.
+constexpr int kScrollDivisor = 3;
+// Shown for each character of a password.
+constexpr char kDefaultPasswordChar = '*';
+
+// Dialog codes and messages the core headers do not carry, with the
+// platform's values.
+constexpr UINT kDlgcWantArrows = 0x0001;
+constexpr UINT kDlgcWantAllKeys = 0x0004;
+constexpr UINT kDlgcHasSetSel = 0x0008;
+constexpr UINT kDlgcWantChars = 0x0080;
+constexpr UINT kWmUndo = 0x0304;
+
+class EditControl {
+public:
+    explicit EditControl(CWnd* wnd);
+    EditControl(const EditControl&) = delete;
+    EditControl& operator=(const EditControl&) = delete;
+
+    // Handles a message; false leaves it to CWnd::DefWindowProc.
+    bool Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
+
+private:
+    // ---- messages (edit_control.cpp)
+    void OnSetText(const char* text);
+    LRESULT OnGetText(WPARAM size, char* buffer) const;
+    LRESULT OnGetSel(DWORD* start, DWORD* end) const;
+    void OnSetSel(INT_PTR start, INT_PTR end);
+    void OnSetFont(HGDIOBJ font, bool redraw);
+    void OnFocus(bool gained);
+    LRESULT OnPosFromChar(INT_PTR index) const;
+
+    // ---- changes: each false when the window went away meanwhile
+    // Replaces the selection with text typed, pasted or sent, within the
+    // limit (and the width, without ES_AUTOHSCROLL), then tells the parent.
+    bool Replace(std::string_view text, bool honourLimit, bool canUndo);
+    bool NotifyChanged();
+    bool Notify(UINT code);
+    // Caret or selection moved: show it.
+    void SelectionMoved();
+
+    // ---- clipboard (edit_clipboard.cpp)
+    void Copy();
+    bool Cut();
+    bool Paste();
+    bool ClearSelection();
+
+    // ---- keyboard and mouse (edit_input.cpp)
+    void OnKeyDown(UINT key);
+    void OnChar(UINT ch);
+    bool TypeCharacter(std::string text);
+    void OnLButtonDown(POINT pt, bool doubleClick, UINT keys);
+    void OnMouseMove(POINT pt);
+    void OnLButtonUp();
+    bool ReadOnly() const { return Has(ES_READONLY); }
+
+    // ---- geometry (edit_layout.cpp)
+    HGDIOBJ FontHandle() const;
+    gdi::FontMetrics Font() const;
+    CRect FormatRect() const;
+    // Width of text[from, to) as shown (a password shows one mark per character).
+    int Width(int from, int to) const;
+    // Client x of the text's start and of a position.
+    int TextLeft() const;
+    int XOf(int pos) const;
+    // The character boundary nearest a client x.
+    int PosFromX(int x) const;
+    // Scrolls so the caret shows (with ES_AUTOHSCROLL), keeping the view filled.
+    void ScrollToCaret();
+    // Whether text of this many pixels can be shown without ES_AUTOHSCROLL.
+    bool FitsWidth(long long width) const;
+
+    // ---- painting (edit_paint.cpp)
+    void Paint(CDC& dc);
+    std::string Shown(int from, int to) const;
+    bool ShowsSelection() const;
+
+    bool Has(DWORD style) const { return (m_wnd->GetStyle() & style) != 0; }
+    HWND Hwnd() const { return m_wnd->GetSafeHwnd(); }
+
+    CWnd* m_wnd;
+    Buffer m_buffer;
+    bool m_modified = false;
+    int m_scrollX = 0;  // pixels of text scrolled out on the left
+    HGDIOBJ m_font = nullptr;
+    char m_passwordChar = kDefaultPasswordChar;
+    bool m_selecting = false;  // a mouse drag is extending the selection
+    int m_pendingLead = -1;    // a lead byte typed, waiting for its trail byte
+};
+
+}  // namespace edit

@@ -1,0 +1,82 @@
+// Scrolling: the top line, the horizontal offset, and the messages and the
+// wheel that move them.
+#include "platform/controls/list_ctrl_control.h"
+
+namespace listview {
+
+bool ListControl::EnsureVisible(int index, bool partialOK)
+{
+    if (!Valid(index)) return false;
+    const Geometry g = ComputeGeometry();
+    const int page = g.PageLines();
+    if (index < g.top) {
+        ScrollTo(index);
+    } else if (index >= static_cast<long long>(g.top) + page) {
+        // A line cut off at the bottom counts as shown when that is enough.
+        const bool partlyShown = g.LineTop(index) < g.client.bottom;
+        if (!(partialOK && partlyShown)) ScrollTo(static_cast<long long>(index) - page + 1);
+    }
+    return true;
+}
+
+void ListControl::ScrollTo(long long top)
+{
+    const int clamped = ComputeGeometry().ClampTop(top);
+    if (clamped == m_top) return;
+    m_top = clamped;
+    InvalidateItems();
+}
+
+void ListControl::ScrollXTo(long long x)
+{
+    const int clamped = ComputeGeometry().ClampScrollX(x);
+    if (clamped == m_scrollX) return;
+    m_scrollX = clamped;
+    PlaceHeader();
+    if (Hwnd()) m_wnd->Invalidate();
+}
+
+void ListControl::OnVScroll(UINT code, int position)
+{
+    const Geometry g = ComputeGeometry();
+    const long long top = g.top;
+    switch (code) {
+    case kSbLineUp: ScrollTo(top - 1); break;
+    case kSbLineDown: ScrollTo(top + 1); break;
+    case kSbPageUp: ScrollTo(top - g.PageLines()); break;
+    case kSbPageDown: ScrollTo(top + g.PageLines()); break;
+    case kSbThumbPosition:
+    case kSbThumbTrack: ScrollTo(position); break;
+    case kSbTop: ScrollTo(0); break;
+    case kSbBottom: ScrollTo(g.MaxTop()); break;
+    default: break;
+    }
+}
+
+void ListControl::OnHScroll(UINT code, int position)
+{
+    const Geometry g = ComputeGeometry();
+    const long long x = g.scrollX;
+    switch (code) {
+    case kSbLineUp: ScrollXTo(x - kHorizontalLine); break;
+    case kSbLineDown: ScrollXTo(x + kHorizontalLine); break;
+    case kSbPageUp: ScrollXTo(x - g.client.Width()); break;
+    case kSbPageDown: ScrollXTo(x + g.client.Width()); break;
+    case kSbThumbPosition:
+    case kSbThumbTrack: ScrollXTo(position); break;
+    case kSbTop: ScrollXTo(0); break;
+    case kSbBottom: ScrollXTo(g.MaxScrollX()); break;
+    default: break;
+    }
+}
+
+void ListControl::OnMouseWheel(int delta)
+{
+    // Partial notches (fine-grained wheels) add up until they make a whole one.
+    m_wheelRemainder += delta;
+    const int notches = m_wheelRemainder / kWheelDelta;
+    m_wheelRemainder -= notches * kWheelDelta;
+    if (notches) ScrollTo(static_cast<long long>(m_top) - static_cast<long long>(notches) * kWheelLines);
+}
+
+}  // namespace listview

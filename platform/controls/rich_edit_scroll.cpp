@@ -1,0 +1,203 @@
+// Geometry, scrolling and repainting: where positions are drawn, which
+// lines show, and keeping the caret in view.
+#include "platform/controls/rich_edit_control.h"
+
+#include <cstdint>
+#include <limits>
+
+#include "platform/gdi/gdi_object.h"
+#include "platform/gdi/gdi_registry.h"
+
+namespace richedit {
+namespace {
+
+Pos FloorDiv(Pos a, Pos b)
+{
+    return a >= 0 ? a / b : -((-a + b - 1) / b);
+}
+
+int Saturate(Pos v)
+{
+    return static_cast<int>(std::clamp<Pos>(v, std::numeric_limits<int>::min() / 2, std::numeric_limits<int>::max() / 2));
+}
+
+}  // namespace
+
+const gdi::FontData& RichEditControl::FontData() const
+{
+    if (const gdi::FontData* font = gdi::Find<gdi::FontData>(m_font)) return *font;
+    static const gdi::FontData fallback;
+    const gdi::FontData* stock = gdi::Find<gdi::FontData>(GetStockObject(DEFAULT_GUI_FONT));
+    return stock ? *stock : fallback;
+}
+
+HGDIOBJ RichEditControl::FontHandle() const
+{
+    return gdi::Find<gdi::FontData>(m_font) ? m_font : GetStockObject(DEFAULT_GUI_FONT);
+}
+
+Metrics RichEditControl::ComputeMetrics() const
+{
+    CRect client;
+    m_wnd->GetClientRect(&client);
+    return MakeMetrics(client, gdi::MetricsOf(FontData()));
+}
+
+POINT RichEditControl::PointOf(const Metrics& m, Pos pos) const
+{
+    const size_t line = m_text.LineOf(pos);
+    const int offset = static_cast<int>(pos - m_text.LineStart(line));
+    POINT point;
+    point.x = Saturate(Pos{m.view.left} - m_scrollX + TextX(m, m_text.LineAt(line).text, offset));
+    point.y = Saturate(Pos{m.view.top} + (static_cast<Pos>(line) - static_cast<Pos>(m_firstLine)) * m.lineHeight);
+    return point;
+}
+
+size_t RichEditControl::LineAtY(const Metrics& m, int y) const
+{
+    const Pos line = static_cast<Pos>(m_firstLine) + FloorDiv(Pos{y} - m.view.top, m.lineHeight);
+    return static_cast<size_t>(std::clamp<Pos>(line, 0, static_cast<Pos>(m_text.LineCount()) - 1));
+}
+
+Pos RichEditControl::PosFromPoint(const Metrics& m, POINT pt) const
+{
+    const size_t line = LineAtY(m, pt.y);
+    const int x = Saturate(Pos{pt.x} - m.view.left + m_scrollX);
+    return m_text.LineStart(line) + OffsetNearX(m, m_text.LineAt(line).text, x);
+}
+
+void RichEditControl::EnsureCaretVisible()
+{
+    const Metrics m = ComputeMetrics();
+    const size_t line = m_text.LineOf(m_caret);
+    Pos first = static_cast<Pos>(m_firstLine);
+    const Pos full = m.FullLines();
+    if (static_cast<Pos>(line) < first) first = static_cast<Pos>(line);
+    else if (static_cast<Pos>(line) >= first + full) first = static_cast<Pos>(line) - full + 1;
+
+    // Sideways the view jumps by a third of its width, so that typing on
+    // does not scroll at every character.
+    const int x = TextX(m, m_text.LineAt(line).text, static_cast<int>(m_caret - m_text.LineStart(line)));
+    const int width = m.view.Width();
+    int scrollX = m_scrollX;
+    if (width <= 0) scrollX = x;
+    else if (x < scrollX) scrollX = std::max(0, x - width / 3);
+    else if (x >= scrollX + width) scrollX = x - (width - width / 3) + 1;
+    ScrollTo(first, scrollX);
+}
+
+void RichEditControl::ScrollTo(Pos firstLine, int scrollX)
+{
+    const size_t first = static_cast<size_t>(std::clamp<Pos>(firstLine, 0, static_cast<Pos>(m_text.LineCount()) - 1));
+    scrollX = std::max(0, scrollX);
+    if (first == m_firstLine && scrollX == m_scrollX) return;
+    m_firstLine = first;
+    m_scrollX = scrollX;
+    InvalidateAll();
+}
+
+int RichEditControl::MaxLineWidth(const Metrics& m)
+{
+    if (!m_maxWidthKnown) {
+        m_maxWidth = 0;
+        for (size_t line = 0; line < m_text.LineCount(); ++line) {
+            const std::string& text = m_text.LineAt(line).text;
+            m_maxWidth = std::max(m_maxWidth, TextX(m, text, static_cast<int>(text.size())));
+        }
+        m_maxWidthKnown = true;
+    }
+    return m_maxWidth;
+}
+
+void RichEditControl::LineScroll(int chars, Pos lines)
+{
+    const Metrics m = ComputeMetrics();
+    int x = m_scrollX;
+    const Pos step = Pos{chars} * m.font.Advance(1);
+    if (chars > 0) {
+        // As far as shows the end of the longest line, with room for the caret.
+        const Pos limit = std::max<Pos>(m_scrollX, Pos{MaxLineWidth(m)} + 1 - m.view.Width());
+        x = static_cast<int>(std::min<Pos>(Pos{m_scrollX} + step, limit));
+    } else if (chars < 0) {
+        x = static_cast<int>(std::max<Pos>(0, Pos{m_scrollX} + step));
+    }
+    ScrollTo(static_cast<Pos>(m_firstLine) + lines, x);
+}
+
+void RichEditControl::OnVScroll(UINT code, int position)
+{
+    const Metrics m = ComputeMetrics();
+    const Pos first = static_cast<Pos>(m_firstLine);
+    const Pos full = m.FullLines();
+    // Scrolling down stops once the last line reaches the bottom.
+    const Pos lastTop = std::max<Pos>(0, static_cast<Pos>(m_text.LineCount()) - full);
+    const auto down = [&](Pos lines) { ScrollTo(std::min(first + lines, std::max(first, lastTop)), m_scrollX); };
+    switch (code) {
+    case kSbLineUp: ScrollTo(first - 1, m_scrollX); break;
+    case kSbLineDown: down(1); break;
+    case kSbPageUp: ScrollTo(first - full, m_scrollX); break;
+    case kSbPageDown: down(full); break;
+    case kSbThumbPosition:
+    case kSbThumbTrack: ScrollTo(std::min<Pos>(position, lastTop), m_scrollX); break;
+    case kSbTop: ScrollTo(0, m_scrollX); break;
+    case kSbBottom: ScrollTo(lastTop, m_scrollX); break;
+    default: break;
+    }
+}
+
+void RichEditControl::OnHScroll(UINT code, int position)
+{
+    const Metrics m = ComputeMetrics();
+    const int page = std::max(1, m.view.Width() / std::max(1, m.font.Advance(1)));
+    const int right = std::max(0, MaxLineWidth(m) + 1 - m.view.Width());
+    switch (code) {
+    case kSbLineUp: LineScroll(-1, 0); break;
+    case kSbLineDown: LineScroll(1, 0); break;
+    case kSbPageUp: LineScroll(-page, 0); break;
+    case kSbPageDown: LineScroll(page, 0); break;
+    case kSbThumbPosition:
+    case kSbThumbTrack: ScrollTo(static_cast<Pos>(m_firstLine), std::clamp(position, 0, right)); break;
+    case kSbTop: ScrollTo(static_cast<Pos>(m_firstLine), 0); break;
+    case kSbBottom: ScrollTo(static_cast<Pos>(m_firstLine), right); break;
+    default: break;
+    }
+}
+
+void RichEditControl::OnMouseWheel(int delta)
+{
+    m_wheelRemainder += delta;
+    const int notches = m_wheelRemainder / kWheelDelta;
+    m_wheelRemainder -= notches * kWheelDelta;
+    if (notches > 0) {
+        for (int i = 0; i < notches * kWheelLines; ++i) OnVScroll(kSbLineUp, 0);
+    } else {
+        for (int i = 0; i < -notches * kWheelLines; ++i) OnVScroll(kSbLineDown, 0);
+    }
+}
+
+void RichEditControl::InvalidateLines(size_t first, size_t last)
+{
+    if (!IsWindow(Hwnd())) return;
+    const Metrics m = ComputeMetrics();
+    const Pos top = static_cast<Pos>(m_firstLine);
+    const Pos shown = (Pos{m.view.Height()} + m.lineHeight - 1) / m.lineHeight;
+    const Pos lastPos = last >= static_cast<size_t>(std::numeric_limits<Pos>::max()) ? std::numeric_limits<Pos>::max() : static_cast<Pos>(last);
+    const Pos from = std::max(static_cast<Pos>(first), top);
+    const Pos to = std::min(lastPos, top + shown - 1);
+    if (from > to) return;
+    const CRect area(m.client.left, Saturate(m.view.top + (from - top) * m.lineHeight), m.client.right,
+                     Saturate(m.view.top + (to - top + 1) * m.lineHeight));
+    m_wnd->InvalidateRect(&area, FALSE);
+}
+
+void RichEditControl::InvalidateRange(Pos a, Pos b)
+{
+    InvalidateLines(m_text.LineOf(std::min(a, b)), m_text.LineOf(std::max(a, b)));
+}
+
+void RichEditControl::InvalidateAll()
+{
+    if (IsWindow(Hwnd())) m_wnd->Invalidate(FALSE);
+}
+
+}  // namespace richedit
