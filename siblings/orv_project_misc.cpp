@@ -45,7 +45,7 @@ void CopyBounded(char* out, std::string_view text)
         if (used + length > kOrvPathBytes - 1) break;
         used += length;
     }
-    std::memcpy(out, text.data(), used);
+    if (used > 0) std::memcpy(out, text.data(), used);
     out[used] = '\0';
 }
 

@@ -91,7 +91,7 @@ bool TreeControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
     }
     case WM_SETFONT:
         *result = m_wnd->CWnd::DefWindowProc(message, wParam, lParam);
-        OnSetFont(reinterpret_cast<HGDIOBJ>(wParam), LOWORD(static_cast<WPARAM>(lParam)) != 0);
+        OnSetFont(reinterpret_cast<HGDIOBJ>(wParam));
         return true;
     case WM_SETREDRAW:
         *result = m_wnd->CWnd::DefWindowProc(message, wParam, lParam);
@@ -378,7 +378,7 @@ HIMAGELIST TreeControl::OnSetImageList(int kind, HIMAGELIST list)
     return old;
 }
 
-void TreeControl::OnSetFont(HGDIOBJ font, bool)
+void TreeControl::OnSetFont(HGDIOBJ font)
 {
     m_font = font;
     // Heights and widths follow the font, so everything moves.

@@ -52,7 +52,7 @@ private:
     HTREEITEM OnHitTest(TVHITTESTINFO* info);
     BOOL OnSelectItem(UINT code, HTREEITEM handle);
     HIMAGELIST OnSetImageList(int kind, HIMAGELIST list);
-    void OnSetFont(HGDIOBJ font, bool redraw);
+    void OnSetFont(HGDIOBJ font);
     void OnFocusChange(bool gained);
 
     // ---- selection, expansion, scrolling
