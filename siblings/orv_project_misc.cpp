@@ -122,7 +122,31 @@ BOOL PathRemoveFileSpec(char* path)
     return changed ? TRUE : FALSE;
 }
 
+namespace {
+struct DockFont {
+    std::string face = "\xCB\xCE\xCC\xE5";  // 宋体
+    int points = 9;
+};
+DockFont& DockFontSetting()
+{
+    static DockFont font;
+    return font;
+}
+}  // namespace
+
+int GetDockFontInfo(char* faceName)
+{
+    const DockFont& font = DockFontSetting();
+    if (faceName) CopyBounded(faceName, font.face);
+    return font.points;
+}
+
 namespace OrvProjectMisc {
+void SetDockFont(const char* faceName, int points)
+{
+    DockFontSetting() = DockFont{faceName ? std::string(BoundedView(faceName)) : std::string(), points};
+}
+
 void SetListener(Listener listener)
 {
     ListenerSlot() = std::move(listener);

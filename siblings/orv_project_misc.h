@@ -30,7 +30,14 @@ AFX_API void KeyF5RefreshWnd();
 // "C:\\x.prj" -> "C:\\", "x.prj" -> "". Returns TRUE when something was removed.
 AFX_API BOOL PathRemoveFileSpec(char* path);
 
+// The panes' font as the user chose it: writes the face name (GBK) into a
+// kOrvPathBytes buffer and returns the size in points. 宋体 9 until a host
+// sets another.
+AFX_API int GetDockFontInfo(char* faceName);
+
 namespace OrvProjectMisc {
+// Sets what GetDockFontInfo answers (the host's font setting).
+AFX_API void SetDockFont(const char* faceName, int points);
 // Called with the routine's name and argument on every CleanTerminate and
 // KeyF5RefreshWnd; an empty function removes the listener.
 using Listener = std::function<void(std::string_view routine, int argument)>;

@@ -67,6 +67,8 @@ private:
     void OnLButtonDown(POINT pt, bool doubleClick);
     void OnMouseMove(POINT pt);
     void OnLButtonUp(POINT pt);
+    // Ends a divider drag (apply: the width shown so far stays) or lets a
+    // pressed button spring back without a click.
     void EndTracking(bool apply);
 
     // ---- painting (header_ctrl_paint.cpp)

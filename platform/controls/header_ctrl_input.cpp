@@ -84,7 +84,12 @@ void HeaderControl::OnLButtonUp(POINT pt)
 void HeaderControl::EndTracking(bool apply)
 {
     if (m_tracking < 0) {
-        m_pressed = -1;
+        // A button press lost its capture: it springs back without a click.
+        if (m_pressed >= 0) {
+            const int pressed = m_pressed;
+            m_pressed = -1;
+            InvalidateFrom(pressed);
+        }
         return;
     }
     const int index = m_tracking;

@@ -10,6 +10,7 @@
 
 #include "platform/controls/list_ctrl.h"
 #include "platform/core/paint.h"
+#include "platform/gdi/dc.h"
 #include "platform/gdi/surface.h"
 #include "platform/gdi/sys_color.h"
 #include "platform/input/input.h"
@@ -190,7 +191,9 @@ protected:
         ASSERT_TRUE(list.Create(WS_CHILD | WS_VISIBLE | style, kListArea, &parent, kListId));
         const char* names[] = {"Address", "Value", "Name"};
         for (int i = 0; i < 3; ++i) ASSERT_EQ(list.InsertColumn(i, names[i], LVCFMT_LEFT, kColumnWidths[i]), i);
-        if (count) ASSERT_TRUE(list.SetItemCount(count));
+        if (count) {
+            ASSERT_TRUE(list.SetItemCount(count));
+        }
         Paint::UpdateAllWindows();
     }
     void TearDown() override

@@ -1,0 +1,195 @@
+// Selection and caret of the edit control: positions snap to whole
+// characters, keys and the mouse select, the clipboard takes and gives text,
+// and scrolling keeps the caret in view.
+#include <cstring>
+
+#include "edit_test_support.h"
+#include "platform/ole/clipboard.h"
+
+using edit_test::EditFixture;
+using edit_test::kCharWidth;
+
+namespace {
+
+class EditSelection : public EditFixture {
+protected:
+    // Puts text on the clipboard as another program would.
+    static void PutOnClipboard(const std::string& text)
+    {
+        // Data needs an owner: any window will do.
+        ASSERT_TRUE(OpenClipboard(CWnd::GetFocus()->GetSafeHwnd()));
+        ASSERT_TRUE(EmptyClipboard());
+        HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
+        ASSERT_NE(block, nullptr);
+        auto* bytes = static_cast<char*>(GlobalLock(block));
+        std::memcpy(bytes, text.c_str(), text.size() + 1);
+        GlobalUnlock(block);
+        ASSERT_NE(SetClipboardData(CF_TEXT, block), nullptr);
+        CloseClipboard();
+    }
+    static std::string FromClipboard()
+    {
+        std::string text;
+        if (!OpenClipboard(nullptr)) return "<busy>";
+        if (HGLOBAL block = GetClipboardData(CF_TEXT)) {
+            text = static_cast<const char*>(GlobalLock(block));
+            GlobalUnlock(block);
+        }
+        CloseClipboard();
+        return text;
+    }
+};
+
+}  // namespace
+
+TEST_F(EditSelection, PositionsNeverLandInsideADoubleByteCharacter)
+{
+    Make();
+    const std::string zhong = GBK(u8"中");
+    edit.SetWindowText(("a" + zhong + "b").c_str());
+    edit.SetSel(2, 2);
+    EXPECT_EQ(Sel(), std::make_pair(1, 1));
+    edit.SetSel(0, 2);
+    EXPECT_EQ(Sel(), std::make_pair(0, 1));
+    edit.SetSel(1, 1);
+    Input::Key(VK_RIGHT);
+    EXPECT_EQ(Sel(), std::make_pair(3, 3));
+    Input::Key(VK_LEFT, Input::kShift);
+    EXPECT_EQ(Sel(), std::make_pair(1, 3));
+    // Out of range and negative ends mean the end of the text.
+    edit.SetSel(2, 99);
+    EXPECT_EQ(Sel(), std::make_pair(1, 4));
+    edit.SetSel(0, -1);
+    EXPECT_EQ(Sel(), std::make_pair(0, 4));
+    edit.SetSel(-1, 0);  // removes the selection, keeps the caret
+    EXPECT_EQ(Sel(), std::make_pair(4, 4));
+    EXPECT_EQ(edit.GetSel(), static_cast<DWORD>(MAKELONG(4, 4)));
+}
+
+TEST_F(EditSelection, ShortBuffersGetWholeCharactersAndNeverOverflow)
+{
+    Make();
+    const std::string zhong = GBK(u8"中");
+    edit.SetWindowText(("a" + zhong + "b").c_str());
+    char buffer[8];
+    std::memset(buffer, '#', sizeof buffer);
+    EXPECT_EQ(edit.GetWindowText(buffer, 3), 1);  // the character needs 2 of the 2 left and the end
+    EXPECT_STREQ(buffer, "a");
+    EXPECT_EQ(buffer[3], '#');
+    EXPECT_EQ(edit.GetWindowText(buffer, 4), 3);
+    EXPECT_EQ(std::string(buffer), "a" + zhong);
+    EXPECT_EQ(edit.GetWindowText(nullptr, 5), 0);
+    EXPECT_EQ(edit.GetWindowTextLength(), 4);
+}
+
+TEST_F(EditSelection, HomeEndShiftAndSelectAll)
+{
+    Make();
+    edit.SetWindowText("one two");
+    edit.SetSel(4, 4);
+    Input::Key(VK_END, Input::kShift);
+    EXPECT_EQ(Sel(), std::make_pair(4, 7));
+    Input::Key(VK_LEFT);  // collapses to the selection's start
+    EXPECT_EQ(Sel(), std::make_pair(4, 4));
+    Input::Key(VK_HOME, Input::kShift);
+    EXPECT_EQ(Sel(), std::make_pair(0, 4));
+    Input::Key(VK_RIGHT, Input::kControl);
+    EXPECT_EQ(Sel(), std::make_pair(4, 4));
+    Input::Key('A', Input::kControl);
+    EXPECT_EQ(Sel(), std::make_pair(0, 7));
+    parent.codes.clear();
+    Input::Type("x");
+    EXPECT_EQ(Text(), "x");
+    EXPECT_EQ(parent.Count(EN_CHANGE), 1);
+}
+
+TEST_F(EditSelection, CopyCutAndPasteGoThroughTheClipboard)
+{
+    Make();
+    edit.SetWindowText("copy me");
+    edit.SetSel(0, 4);
+    Input::Key('C', Input::kControl);
+    EXPECT_EQ(FromClipboard(), "copy");
+    EXPECT_EQ(Text(), "copy me");
+    edit.SetSel(4, 7);
+    Input::Key('X', Input::kControl);
+    EXPECT_EQ(FromClipboard(), " me");
+    EXPECT_EQ(Text(), "copy");
+    Input::Key(VK_HOME);
+    parent.codes.clear();
+    Input::Key('V', Input::kControl);
+    EXPECT_EQ(Text(), " mecopy");
+    EXPECT_EQ(parent.Count(EN_CHANGE), 1);
+
+    // One line takes what comes before the first line break, within the limit.
+    PutOnClipboard("first\r\nsecond");
+    edit.SetWindowText("");
+    edit.SetLimitText(3);
+    edit.Paste();
+    EXPECT_EQ(Text(), "fir");
+    // A password is not handed out.
+    edit.SetPasswordChar('*');
+    edit.SetSel(0, -1);
+    edit.Copy();
+    EXPECT_EQ(FromClipboard(), "first\r\nsecond");
+}
+
+TEST_F(EditSelection, ClickingAndDraggingPlaceTheCaretAndSelect)
+{
+    Make();
+    edit.SetWindowText("abcdef");
+    CRect rect;
+    edit.GetRect(&rect);
+    // Left of a character's middle is before it, right of it after.
+    Input::Click(&edit, CPoint(rect.left + 2 * kCharWidth + 3, rect.top + 4));
+    EXPECT_EQ(Sel(), std::make_pair(2, 2));
+    Input::Wait();
+    Input::Click(&edit, CPoint(rect.left + 2 * kCharWidth + 5, rect.top + 4));
+    EXPECT_EQ(Sel(), std::make_pair(3, 3));
+    Input::Wait();
+    Input::MouseDown(&edit, CPoint(rect.left + kCharWidth, rect.top + 4));
+    Input::MouseMove(&edit, CPoint(rect.left + 4 * kCharWidth, rect.top + 4));
+    Input::MouseUp(&edit, CPoint(rect.left + 4 * kCharWidth, rect.top + 4));
+    EXPECT_EQ(Sel(), std::make_pair(1, 4));
+    EXPECT_EQ(edit.CharFromPos(CPoint(rect.left + 5 * kCharWidth, rect.top)), 5);
+    EXPECT_EQ(edit.PosFromChar(6).x, rect.left + 6 * kCharWidth);
+    EXPECT_EQ(edit.SendMessage(EM_POSFROMCHAR, 7), -1);
+}
+
+TEST_F(EditSelection, TheCaretStaysInViewWhileTypingPastTheEdge)
+{
+    Make();
+    CRect rect;
+    edit.GetRect(&rect);
+    for (int i = 0; i < 40; ++i) Input::Type("m");
+    const int caretX = edit.PosFromChar(40).x;
+    EXPECT_GE(caretX, rect.left);
+    EXPECT_LT(caretX, rect.right);
+    EXPECT_LT(edit.PosFromChar(0).x, rect.left);  // the start scrolled out
+    Input::Key(VK_HOME);
+    EXPECT_EQ(edit.PosFromChar(0).x, rect.left);
+}
+
+TEST_F(EditSelection, SelectionAndCaretShowOnlyWithTheFocus)
+{
+    Make();
+    edit.SetWindowText("shown");
+    edit.SetSel(0, -1);
+    Paint::UpdateAllWindows();
+    EXPECT_GT(CountPixels(Sys(COLOR_HIGHLIGHT)), 0);
+    other.SetFocus();
+    Paint::UpdateAllWindows();
+    EXPECT_EQ(CountPixels(Sys(COLOR_HIGHLIGHT)), 0);
+    // The caret: a line of text colour where no text is.
+    edit.SetFocus();
+    edit.SetSel(5, 5);
+    Paint::UpdateAllWindows();
+    CRect rect;
+    edit.GetRect(&rect);
+    const int x = rect.left + 5 * kCharWidth;
+    EXPECT_EQ(Pixel(x, rect.top + 1), Sys(COLOR_WINDOWTEXT));
+    EXPECT_EQ(Pixel(x + 3, rect.top + 1), Sys(COLOR_WINDOW));
+    other.SetFocus();
+    Paint::UpdateAllWindows();
+    EXPECT_EQ(Pixel(x, rect.top + 1), Sys(COLOR_WINDOW));
+}
