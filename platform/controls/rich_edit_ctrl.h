@@ -18,6 +18,7 @@
 
 #include <memory>
 
+#include "platform/controls/edit.h"
 #include "platform/core/wnd.h"
 #include "platform/gdi/gdi_types.h"
 #include "platform/text/cstring.h"
@@ -26,32 +27,14 @@ namespace richedit {
 class RichEditControl;
 }
 
-// Edit styles.
-constexpr DWORD ES_LEFT = 0x0000;
-constexpr DWORD ES_MULTILINE = 0x0004;
-constexpr DWORD ES_AUTOVSCROLL = 0x0040;
-constexpr DWORD ES_AUTOHSCROLL = 0x0080;
-constexpr DWORD ES_NOHIDESEL = 0x0100;
-constexpr DWORD ES_READONLY = 0x0800;
-constexpr DWORD ES_WANTRETURN = 0x1000;
+// The edit control's styles and messages (ES_*, EM_*) apply here too; these
+// are the ones only a multi-line control needs.
 constexpr DWORD ES_SAVESEL = 0x8000;
-
-// Edit messages.
-constexpr UINT EM_GETSEL = 0x00B0;
-constexpr UINT EM_SETSEL = 0x00B1;
-constexpr UINT EM_GETRECT = 0x00B2;
 constexpr UINT EM_LINESCROLL = 0x00B6;
-constexpr UINT EM_SCROLLCARET = 0x00B7;
-constexpr UINT EM_GETLINECOUNT = 0x00BA;
 constexpr UINT EM_LINEINDEX = 0x00BB;
-constexpr UINT EM_LINELENGTH = 0x00C1;
-constexpr UINT EM_REPLACESEL = 0x00C2;
 constexpr UINT EM_GETLINE = 0x00C4;
 constexpr UINT EM_LINEFROMCHAR = 0x00C9;
 constexpr UINT EM_GETFIRSTVISIBLELINE = 0x00CE;
-constexpr UINT EM_SETREADONLY = 0x00CF;
-constexpr UINT EM_POSFROMCHAR = 0x00D6;
-constexpr UINT EM_CHARFROMPOS = 0x00D7;
 
 // Rich edit messages.
 constexpr UINT EM_EXGETSEL = WM_USER + 52;
