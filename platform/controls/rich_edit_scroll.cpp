@@ -121,7 +121,12 @@ void RichEditControl::LineScroll(int chars, Pos lines)
     } else if (chars < 0) {
         x = static_cast<int>(std::max<Pos>(0, Pos{m_scrollX} + step));
     }
-    ScrollTo(static_cast<Pos>(m_firstLine) + lines, x);
+    // Scrolling down stops once the last line reaches the bottom, so that a
+    // view that follows appended lines keeps its text in sight.
+    const Pos first = static_cast<Pos>(m_firstLine);
+    const Pos lastTop = std::max<Pos>(0, static_cast<Pos>(m_text.LineCount()) - m.FullLines());
+    const Pos target = lines > 0 ? std::min(first + lines, std::max(first, lastTop)) : first + lines;
+    ScrollTo(target, x);
 }
 
 void RichEditControl::OnVScroll(UINT code, int position)
