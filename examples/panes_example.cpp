@@ -16,6 +16,8 @@
 #include "host/host_records.h"
 #include "marks/bookmark_tree_ctrl.h"
 #include "marks/breakpoint_tree_ctrl.h"
+#include "funclist/func_list_tree_ctrl.h"
+#include "output/message_edit_ctrl.h"
 #include "platform/core/module.h"
 #include "platform/core/paint.h"
 #include "platform/core/paint_dc.h"
@@ -111,6 +113,12 @@ protected:
         case UWM_GOTO_SOURCE:
             transcript << "UWM_GOTO_SOURCE        file " << GbkToUtf8(reinterpret_cast<const char*>(wParam)) << ", line " << lParam << "\n";
             return 0;
+        case UWM_FUNCLIST_SELECTED:
+            transcript << "UWM_FUNCLIST_SELECTED  file " << GbkToUtf8(reinterpret_cast<const char*>(wParam)) << ", line " << lParam << "\n";
+            return 0;
+        case UWM_MSGVIEW_GOTO:
+            transcript << "UWM_MSGVIEW_GOTO       file " << GbkToUtf8(reinterpret_cast<const char*>(wParam)) << ", line " << lParam << "\n";
+            return 0;
         case WM_COMMAND:
             transcript << "WM_COMMAND             " << LOWORD(wParam) << (LOWORD(wParam) == ID_HOST_CLEAR_ALL_BREAKPOINTS ? " (clear all breakpoints)" : LOWORD(wParam) == ID_HOST_CLEAR_ALL_BOOKMARKS ? " (clear all bookmarks)" : "") << "\n";
             return 0;
@@ -170,6 +178,75 @@ CPoint LabelCentre(CTreeCtrl& tree, int index)
     return rect.CenterPoint();
 }
 
+std::unique_ptr<CFuncSeekItems> SampleFunctions()
+{
+    auto list = std::make_unique<CFuncSeekItems>();
+    const struct {
+        const char* type;
+        const char* name;
+        const char* params;
+        int line;
+    } functions[] = {
+        {"void", "init_timer0", "(void)", 5},
+        {"void", "main", "(void)", 12},
+        {"static unsigned char", "next_phase", "(unsigned char phase)", 45},
+        {"", "show_lights", "(unsigned char lights)", 58},
+        {"void", "timer0_isr", "(void) interrupt 1", 70},
+    };
+    for (const auto& f : functions) {
+        auto* item = new CFuncSeekItem;
+        item->typeText = f.type;
+        item->name = f.name;
+        item->paramText = f.params;
+        item->line = f.line;
+        list->Add(item);
+    }
+    return list;
+}
+
+void SendBuildLog(CMessageEditCtrl& view)
+{
+    const struct {
+        int level;
+        const char* text;
+        const char* file;
+        int line;
+    } lines[] = {
+        {0, "Build target 'traffic'", nullptr, 0},
+        {1, "compiling main.c...", nullptr, 0},
+        {2, "main.c(27): warning C280: 'i': unreferenced local variable", "main.c", 27},
+        {1, "compiling drivers\\timer0.c...", nullptr, 0},
+        {2, "timer0.c(10): error C202: 'TH0x': undefined identifier", "drivers\\timer0.c", 10},
+        {1, "编译完成：1 个错误，1 个警告", nullptr, 0},
+    };
+    bool first = true;
+    for (const auto& l : lines) {
+        MessageLineRecord record{};
+        record.level = l.level;
+        std::snprintf(record.text, sizeof record.text, "%s\r\n", GBK(l.text).c_str());
+        if (l.file) {
+            record.located = 1;
+            std::snprintf(record.file, sizeof record.file, "%s%s", kProjectDir, l.file);
+            record.line = l.line;
+        }
+        view.SendMessage(UWM_MSGVIEW_APPEND, first ? 0 : 1, reinterpret_cast<LPARAM>(&record));
+        first = false;
+    }
+}
+
+CPoint LineCentre(CRichEditCtrl& edit, int line)
+{
+    const CPoint at = edit.GetCharPos(edit.LineIndex(line));
+    return CPoint(at.x + 20, at.y + 6);
+}
+
+// One pane of the example's frame: a caption, a frame and its view.
+struct Slot {
+    ExamplePane pane;
+    CWnd* view;
+    CRect rect;
+};
+
 }  // namespace
 
 int main(int argc, char** argv)
@@ -183,40 +260,61 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "cannot load the panes module: %s\n", AfxLastLoadError());
         return 1;
     }
-    int result = 0;
+    int result = 1;
     {
         ExampleHost host;
-        host.Create(nullptr, "example", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 760, 260));
+        host.Create(nullptr, "example", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 760, 470));
         app.m_pMainWnd = &host;
         OrvProjectMisc::SetListener([&](std::string_view routine, int argument) {
             host.transcript << "sibling " << routine << "(" << argument << ")\n";
         });
         FillSampleProject(host);
+        auto functions = SampleFunctions();
 
-        ExamplePane bookmarkPane(GBK("书签"));
-        ExamplePane breakpointPane(GBK("断点"));
         CBookMarkListTreeCtrl bookmarkView;
         CBreakPointListTreeCtrl breakpointView;
-        bookmarkPane.view = &bookmarkView;
-        breakpointPane.view = &breakpointView;
-        bookmarkPane.showMenu = [&](CPoint p) { bookmarkView.ShowMenu(p); };
-        breakpointPane.showMenu = [&](CPoint p) { breakpointView.ShowMenu(p); };
-        // The panes get their size once docked, after their views exist.
-        bookmarkPane.Create(nullptr, "bookmarks", WS_VISIBLE, CRect(0, 0, 0, 0), &host, 1);
-        breakpointPane.Create(nullptr, "breakpoints", WS_VISIBLE, CRect(0, 0, 0, 0), &host, 2);
-        if (!bookmarkView.Create(&bookmarkPane) || !breakpointView.Create(&breakpointPane)) {
+        CFuncListTreeCtrl functionView;
+        CMessageEditCtrl messageView;
+        messageView.SetGotoMode(kGotoSendsMessageViewGoto);
+        Slot slots[] = {
+            {ExamplePane(GBK("书签")), &bookmarkView, CRect(4, 4, 376, 204)},
+            {ExamplePane(GBK("断点")), &breakpointView, CRect(380, 4, 754, 204)},
+            {ExamplePane(GBK("函数列表")), &functionView, CRect(4, 208, 256, 464)},
+            {ExamplePane(GBK("消息")), &messageView, CRect(260, 208, 754, 464)},
+        };
+        slots[0].pane.showMenu = [&](CPoint p) { bookmarkView.ShowMenu(p); };
+        slots[1].pane.showMenu = [&](CPoint p) { breakpointView.ShowMenu(p); };
+        slots[2].pane.showMenu = [&](CPoint p) { functionView.ShowMenu(p); };
+        slots[3].pane.showMenu = [&](CPoint p) { messageView.ShowMenu(p); };
+        bool created = true;
+        for (Slot& slot : slots) {
+            slot.pane.view = slot.view;
+            // The panes get their size once docked, after their views exist.
+            slot.pane.Create(nullptr, "pane", WS_VISIBLE, CRect(0, 0, 0, 0), &host, 0);
+        }
+        created = bookmarkView.Create(&slots[0].pane) && breakpointView.Create(&slots[1].pane) &&
+                  functionView.Create(&slots[2].pane) && messageView.Create(&slots[3].pane);
+        if (!created) {
             std::fprintf(stderr, "cannot create the views\n");
             return 1;
         }
-        bookmarkPane.MoveWindow(4, 4, 372, 250);
-        breakpointPane.MoveWindow(380, 4, 374, 250);
+        for (Slot& slot : slots) slot.pane.MoveWindow(&slot.rect);
 
-        host.Note("the host refreshes both views");
+        host.Note("the host refreshes the views, shows main.c's functions and sends a build log");
         bookmarkView.SendMessage(UWM_REFRESH_VIEW, 0, 0);
         breakpointView.SendMessage(UWM_REFRESH_VIEW, 0, 0);
+        const std::string mainFile = std::string(kProjectDir) + "main.c";
+        functionView.SendMessage(UWM_FUNCLIST_SHOW_FILE, reinterpret_cast<WPARAM>(mainFile.c_str()), reinterpret_cast<LPARAM>(functions.get()));
+        SendBuildLog(messageView);
 
         host.Note("the user clicks the second bookmark");
         Input::Click(&bookmarkView, LabelCentre(bookmarkView, 1));
+        host.Note("the user types 'm' in the function list, then presses Enter");
+        functionView.SetFocus();
+        Input::Type("m");
+        Input::Key(VK_RETURN);
+        host.Note("the user double-clicks the build error");
+        Input::DoubleClick(&messageView, LineCentre(messageView, 4));
         host.Note("the user selects the first breakpoint and opens its context menu");
         Input::Click(&breakpointView, LabelCentre(breakpointView, 0));
         MenuDriver::Queue([&](const ShownMenu&) {
@@ -230,8 +328,7 @@ int main(int argc, char** argv)
         host.Note("the user presses F5 in the bookmark view");
         bookmarkView.SetFocus();
         Input::Key(VK_F5);
-        bookmarkView.SetFocus();
-        Input::Key(VK_DOWN);
+        messageView.SetFocus();
 
         const bool written = Paint::CaptureWindow(host, (out / "panes.png").c_str());
         std::ofstream((out / "transcript.txt").string()) << host.transcript.str();
