@@ -22,7 +22,9 @@ void ListControl::OnButtonDown(POINT pt, bool right, bool doubleClick, UINT keys
 {
     const HWND self = Hwnd();
     EndPress();
-    if (::GetFocus() != self) {
+    // A double click does not take the focus: the first click of it already
+    // did, and whatever the owner gave the focus to in between keeps it.
+    if (!doubleClick && ::GetFocus() != self) {
         m_wnd->SetFocus();
         if (!IsWindow(self)) return;
     }

@@ -1,0 +1,147 @@
+// A report list that behaves as a small spreadsheet over a tree of rows: one
+// row a line, a current cell that Left and Right move, in-place editors, and
+// rows that expand into child rows under a box. The list underneath holds only
+// the number of lines; everything shown comes from the rows, drawn here line
+// by line. What the rows mean, how child rows are made and what a committed
+// edit does are left to a derived class, through the hooks and the private
+// messages below.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "grid/grid_editors.h"
+#include "grid/grid_row.h"
+#include "host/host_messages.h"
+#include "platform/docking/bcgp_list_ctrl.h"
+#include "platform/gdi/bitmap.h"
+#include "platform/gdi/dc.h"
+#include "platform/gdi/font.h"
+
+// Sent by the grid to its own window when Ctrl+M is typed.
+constexpr UINT ID_GRID_SHOW_IN_MEMORY = 32994;
+// The header's item-changing notification, in both character sets.
+constexpr UINT HDN_ITEMCHANGINGA = static_cast<UINT>(-300);
+constexpr UINT HDN_ITEMCHANGINGW = static_cast<UINT>(-320);
+
+class AFX_EXT_CLASS CGridCtrl : public CBCGPListCtrl {
+public:
+    // Indexes of the colour members.
+    enum Colour {
+        kBackground,
+        kGridLine,
+        kTreeLine,
+        kCurrentText,
+        kCurrentBackFocus,
+        kCurrentBackNoFocus,
+        kNormalText,
+        kChangedText,
+        kColourCount
+    };
+
+    CGridCtrl();
+    ~CGridCtrl() override;
+
+    // Hooks for the derived class, in this order.
+    void MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct) override;
+    virtual void MoveRowUp() {}
+    virtual void MoveRowDown() {}
+    virtual void DeleteSelectedRow() {}
+    virtual void InsertNewRow() {}
+    virtual void RefreshRow(CGridRow* /*row*/, int* /*displayIndex*/, GridRowRecord* /*previousRecord*/) {}
+    virtual void UpdateRow(CGridRow* /*row*/, BOOL /*bRefresh*/) {}
+    virtual CGridRow* FindRowAt(int /*displayIndex*/, CGridRowArray* /*rows*/, int* /*counter*/) { return nullptr; }
+
+    BOOL PreTranslateMessage(MSG* pMsg) override;
+    void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct) override;
+
+    int GetSelectedItem() const;
+    void SelectItem(int nItem);
+    CGridRow* GetRowAt(int nItem);
+    CGridRow* GetSelectedRow();
+    CString GetEditText() const;
+    int GetComboSel() const;
+    BOOL DeleteAllRows();
+    int CountVisibleRows(CGridRowArray& rows);
+    void ToggleExpand(int nItem);
+    void ExpandRow(CGridRow* row, int nItem);
+    void CollapseRow(CGridRow* row, int nItem);
+    void UpdateItemCount(CGridRow* row);
+    void AdjustItemCount(BOOL bAdd, int n);
+    void StartEdit(BOOL bInitText);
+    void EndEdit();
+    void OnEditorKillFocus(BOOL bEditBox);
+    void SetGridLines(BOOL bOn) { m_gridLines = bOn; }
+
+    int GetCurrentColumn() const { return m_currentColumn; }
+    CGridRowArray& Rows() { return m_rows; }
+    CFont* GetGridFont() { return &m_font; }
+    CGridEdit& EditBox() { return m_edit; }
+    CGridComboBox& ComboBox() { return m_combo; }
+
+    // Set from outside for a grid whose rows the user may not add to.
+    BOOL fixedRows = FALSE;
+    // Set by the derived class while a menu loop runs.
+    BOOL m_menuLoop = FALSE;
+
+protected:
+    DECLARE_MESSAGE_MAP()
+    BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
+    int OnCreate(LPCREATESTRUCT lpCreateStruct);
+    void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+    void OnChar(UINT nChar, UINT nRepCnt, UINT nFlags);
+    void OnLButtonDown(UINT nFlags, CPoint point);
+    void OnRButtonDown(UINT nFlags, CPoint point);
+    void OnLButtonDblClk(UINT nFlags, CPoint point);
+    LRESULT OnHScroll(WPARAM wParam, LPARAM lParam);
+    LRESULT OnVScroll(WPARAM wParam, LPARAM lParam);
+    BOOL OnEraseBkgnd(CDC* pDC);
+    void OnEditKillFocus();
+    void OnComboKillFocus();
+
+    void ToggleEdit();
+    void StartBoxEdit(BOOL bInitText);
+    void StartListEdit(BOOL bSetSel);
+    void EndBoxEdit();
+    void EndListEdit();
+    BOOL IsCurrentCell(int nItem, int nCol) const;
+    int HitTestColumn(CPoint point);
+    // Whether the point lies in the expand zone of the item's line.
+    bool InExpandZone(int nItem, CPoint point);
+    int ColumnCount() const;
+    void InvalidateItem(int nItem);
+
+private:
+    // Kind of the current cell of the selected row; 0 without one.
+    std::uint32_t CurrentCellKind();
+    void Commit() { SendMessage(UWM_GRID_EDIT_DONE, 0, 0); }
+    void NotifyParentOfInput();
+    bool IsPlaceholderOrEmpty(const CGridRow* row) const;
+
+    // Drawing, one line at a time into the memory DC.
+    struct LineGeometry;
+    LineGeometry Geometry();
+    void DrawLine(int nItem, const LineGeometry& g, const CRect& screen, CDC* target);
+    void DrawColumn0(int nItem, CGridRow* row, const LineGeometry& g);
+    void DrawCell(int nItem, CGridRow* row, int c, const LineGeometry& g);
+    CRect ColumnRect(int c, const LineGeometry& g);
+    void ApplyCellColours(const CRect& r, bool current);
+    void DrawCellText(CRect r, const char* text, bool changed);
+    void DrawCellIcon(CRect r, std::uint32_t value, bool current);
+    CRect ExpandBox(int level, const LineGeometry& g) const;
+    void DrawExpandBox(CGridRow* row, const CRect& box);
+    void DrawTreeLines(CGridRow* row, int level, const LineGeometry& g);
+
+    BOOL m_gridLines = FALSE;
+    CFont m_font;
+    CGridEdit m_edit;
+    CGridComboBox m_combo;
+    CDC m_memDC;
+    CBitmap m_rowBitmap;
+    int m_currentColumn = 0;
+    CGridRowArray m_rows;
+    std::array<COLORREF, kColourCount> m_colours{};
+    BOOL m_ctrlHeld = FALSE;
+    // Setting the font re-measures the lines, which asks MeasureItem again.
+    bool m_measuring = false;
+};

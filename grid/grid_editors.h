@@ -1,0 +1,56 @@
+// The grid's in-place editors: an edit box for text and number cells and a
+// drop-down list for format cells. They only collect input; whether it is
+// committed is decided with the grid, which announces commits to its derived
+// class.
+#pragma once
+
+#include "platform/controls/combo_box.h"
+#include "platform/controls/edit.h"
+
+// Control ids of the editors, children of the grid.
+constexpr UINT kGridEditId = 1020;
+constexpr UINT kGridComboId = 1021;
+
+class AFX_EXT_CLASS CGridEdit : public CEdit {
+public:
+    CGridEdit();
+    ~CGridEdit() override;
+
+    BOOL PreTranslateMessage(MSG* pMsg) override;
+    virtual void AcceptEdit();
+    virtual void CancelEdit();
+    // The modified flag, cleared on the way.
+    BOOL TestAndClearModified();
+    BOOL IsModified() const { return m_modified; }
+
+protected:
+    DECLARE_MESSAGE_MAP()
+    void OnSetFocus(CWnd* pOldWnd);
+    void OnKillFocus(CWnd* pNewWnd);
+    void OnChange();
+
+private:
+    CWnd* m_pPrevFocus = nullptr;
+    BOOL m_modified = FALSE;
+};
+
+class AFX_EXT_CLASS CGridComboBox : public CComboBox {
+public:
+    CGridComboBox();
+    ~CGridComboBox() override;
+
+    BOOL PreTranslateMessage(MSG* pMsg) override;
+    virtual void AcceptEdit();
+    virtual void CancelEdit();
+    BOOL TestAndClearModified();
+
+protected:
+    DECLARE_MESSAGE_MAP()
+    void OnSetFocus(CWnd* pOldWnd);
+    void OnKillFocus(CWnd* pNewWnd);
+    void OnSelChange();
+
+private:
+    CWnd* m_pPrevFocus = nullptr;
+    BOOL m_modified = FALSE;
+};

@@ -1,0 +1,8 @@
+#include "platform/docking/bcgp_list_ctrl.h"
+
+BEGIN_MESSAGE_MAP(CBCGPListCtrl, CListCtrl)
+END_MESSAGE_MAP()
+
+CBCGPListCtrl::CBCGPListCtrl() = default;
+
+CBCGPListCtrl::~CBCGPListCtrl() = default;

@@ -1,0 +1,288 @@
+// The grid control: lines over the row tree, expanding and collapsing, the
+// current cell, keys, typed characters and clicks.
+#include <cstring>
+
+#include "tests/grid/test_grid.h"
+
+namespace {
+
+using GridCtrlTest = GridFixture;
+
+TEST_F(GridCtrlTest, CreatesHiddenEditorsAndMeasuresLinesWithTheSystemFont)
+{
+    EXPECT_FALSE(Editing());
+    EXPECT_FALSE(Listing());
+    EXPECT_EQ(grid.EditBox().GetDlgCtrlID(), 1020);
+    EXPECT_EQ(grid.ComboBox().GetDlgCtrlID(), 1021);
+    ASSERT_EQ(grid.ComboBox().GetCount(), 3);
+    CString item;
+    grid.ComboBox().GetLBText(2, item);
+    EXPECT_STREQ(item, "HEX");
+
+    AddRow("a");
+    SyncCount();
+    CRect bounds;
+    ASSERT_TRUE(grid.GetItemRect(0, &bounds, LVIR_BOUNDS));
+    EXPECT_EQ(bounds.Height(), 16);  // the system font's height, not the grid font's 12
+    ASSERT_NE(grid.GetFont(), nullptr);
+    EXPECT_EQ(grid.GetFont()->GetSafeHandle(), grid.GetGridFont()->GetSafeHandle());
+}
+
+TEST_F(GridCtrlTest, RowsAreFoundInDisplayOrderAndMissingLinesGiveNone)
+{
+    CGridRow* a = AddRow("a");
+    CGridRow* b = AddRow("b");
+    auto* child = new CGridRow;
+    child->parent = a;
+    child->level = 1;
+    a->children.AddRow(child);
+    a->flags = GRF_PARENT | GRF_EXPANDED;
+    SyncCount();
+    EXPECT_EQ(grid.GetItemCount(), 3);
+    EXPECT_EQ(grid.GetRowAt(0), a);
+    EXPECT_EQ(grid.GetRowAt(1), child);
+    EXPECT_EQ(grid.GetRowAt(2), b);
+    EXPECT_EQ(grid.GetRowAt(3), nullptr);
+    EXPECT_EQ(grid.GetRowAt(-1), nullptr);
+    EXPECT_EQ(grid.GetSelectedRow(), nullptr);
+    grid.SelectItem(1);
+    EXPECT_EQ(grid.GetSelectedRow(), child);
+
+    EXPECT_TRUE(grid.DeleteAllRows());
+    EXPECT_EQ(grid.GetItemCount(), 0);
+    EXPECT_EQ(grid.Rows().GetSize(), 0);
+}
+
+TEST_F(GridCtrlTest, ExpandAsksForChildrenOnceAndCountsTheirLines)
+{
+    CGridRow* a = AddRow("a");
+    AddRow("b");
+    a->flags = GRF_PARENT | GRF_COLLAPSED;
+    SyncCount();
+    grid.childrenToMake = 3;
+    grid.childFlags = GRF_SUBPARENT | GRF_EXPANDED;  // put back to collapsed on expand
+    grid.ToggleExpand(0);
+    EXPECT_EQ(grid.fills, 1);
+    EXPECT_EQ(a->flags & (GRF_EXPANDED | GRF_COLLAPSED), GRF_EXPANDED);
+    EXPECT_EQ(grid.GetItemCount(), 5);
+    ASSERT_EQ(grid.updates.size(), 3u);
+    EXPECT_FALSE(grid.updates[0].second);  // just created
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(a->children.GetRow(i)->flags & (GRF_EXPANDED | GRF_COLLAPSED), GRF_COLLAPSED);
+
+    grid.ToggleExpand(0);  // collapse
+    EXPECT_EQ(grid.GetItemCount(), 2);
+    EXPECT_EQ(a->flags & (GRF_EXPANDED | GRF_COLLAPSED), GRF_COLLAPSED);
+
+    grid.updates.clear();
+    grid.ToggleExpand(0);  // children exist: no request, refreshed
+    EXPECT_EQ(grid.fills, 1);
+    ASSERT_EQ(grid.updates.size(), 3u);
+    EXPECT_TRUE(grid.updates[0].second);
+    EXPECT_EQ(grid.updates[0].first, a->children.GetRow(0));
+    EXPECT_EQ(grid.GetItemCount(), 5);
+}
+
+TEST_F(GridCtrlTest, ExpandReCollapsesSubParentsWithTheirGrandchildren)
+{
+    CGridRow* a = AddRow("a");
+    a->flags = GRF_PARENT | GRF_COLLAPSED;
+    auto* sub = new CGridRow;
+    sub->parent = a;
+    sub->level = 1;
+    sub->flags = GRF_SUBPARENT | GRF_EXPANDED;
+    for (int i = 0; i < 4; ++i) {
+        auto* grandchild = new CGridRow;
+        grandchild->parent = sub;
+        grandchild->level = 2;
+        sub->children.AddRow(grandchild);
+    }
+    a->children.AddRow(sub);
+    SyncCount();
+    grid.ToggleExpand(0);
+    EXPECT_EQ(grid.GetItemCount(), 2);  // the sub-parent's four lines are gone
+    EXPECT_TRUE(sub->flags & GRF_COLLAPSED);
+}
+
+TEST_F(GridCtrlTest, ExpandWithoutChildrenOrFlagLeavesTheCount)
+{
+    CGridRow* a = AddRow("a");
+    CGridRow* plain = AddRow("plain");
+    a->flags = GRF_SUBPARENT | GRF_COLLAPSED;
+    SyncCount();
+    grid.ToggleExpand(0);  // the derived class makes none
+    EXPECT_EQ(grid.fills, 1);
+    EXPECT_TRUE(a->flags & GRF_EXPANDED);
+    EXPECT_EQ(grid.GetItemCount(), 2);
+    grid.ToggleExpand(1);  // no children flag: nothing at all
+    grid.ExpandRow(plain, 1);
+    grid.CollapseRow(plain, 1);
+    EXPECT_EQ(grid.fills, 1);
+    EXPECT_EQ(plain->flags, GRF_CREATED);
+    grid.ToggleExpand(7);  // no row there
+    grid.AdjustItemCount(TRUE, 3);
+    EXPECT_EQ(grid.GetItemCount(), 5);
+    grid.AdjustItemCount(FALSE, 3);
+    EXPECT_EQ(grid.GetItemCount(), 2);
+}
+
+TEST_F(GridCtrlTest, LeftAndRightMoveTheCurrentColumnWithinTheHeader)
+{
+    AddRow("a");
+    AddRow("b");
+    SyncCount();
+    grid.SetFocus();
+    Input::Key(VK_RIGHT);  // nothing selected
+    EXPECT_EQ(grid.GetCurrentColumn(), 0);
+    grid.SelectItem(0);
+    Input::Key(VK_LEFT);
+    EXPECT_EQ(grid.GetCurrentColumn(), 0);
+    Input::Key(VK_RIGHT);
+    Input::Key(VK_RIGHT);
+    Input::Key(VK_RIGHT);
+    EXPECT_EQ(grid.GetCurrentColumn(), 2);
+    Input::Key(VK_DOWN);
+    EXPECT_EQ(grid.GetSelectedItem(), 1);
+    EXPECT_EQ(grid.GetCurrentColumn(), 2);
+    EXPECT_EQ(pane.inputs, 6);  // one for each key the grid handled
+}
+
+TEST_F(GridCtrlTest, HookKeysReachTheDerivedClassEvenWhileEditing)
+{
+    AddRow("a");
+    AddRow("b");
+    SyncCount();
+    grid.SetFocus();
+    grid.SelectItem(0);
+    Input::Key(VK_INSERT);
+    Input::Key(VK_DELETE);
+    Input::Key(VK_UP, Input::kShift);
+    Input::Key(VK_DOWN, Input::kShift);
+    EXPECT_EQ(grid.inserts, 1);
+    EXPECT_EQ(grid.deletes, 1);
+    EXPECT_EQ(grid.moveUps, 1);
+    EXPECT_EQ(grid.moveDowns, 1);
+    EXPECT_EQ(grid.GetSelectedItem(), 0);  // Shift+Down did not move the selection
+
+    Input::Key(VK_RETURN);
+    ASSERT_TRUE(Editing());
+    Input::Key(VK_UP, Input::kShift);
+    EXPECT_EQ(grid.moveUps, 2);
+
+    grid.m_menuLoop = TRUE;  // a menu loop: Shift+Up is left alone
+    Input::Key(VK_UP, Input::kShift);
+    EXPECT_EQ(grid.moveUps, 2);
+}
+
+TEST_F(GridCtrlTest, TypingStartsEditingOnlyWhereTheCellAcceptsTheCharacter)
+{
+    AddRow("a");
+    AddRow("b");
+    SyncCount();
+    grid.SetFocus();
+    grid.SelectItem(0);
+    Input::Key(VK_RIGHT);  // the number cell
+    Input::Type("a");
+    EXPECT_FALSE(Editing());
+    Input::Type("A");
+    ASSERT_TRUE(Editing());
+    EXPECT_STREQ(grid.GetEditText(), "A");
+    EXPECT_EQ(CWnd::GetFocus(), &grid.EditBox());
+    Input::Type("7");
+    EXPECT_STREQ(grid.GetEditText(), "A7");
+}
+
+TEST_F(GridCtrlTest, TypingWithoutSelectionPicksTheLastLineUnlessFixed)
+{
+    AddRow("a");
+    AddRow("b");
+    SyncCount();
+    grid.SetFocus();
+    grid.fixedRows = TRUE;
+    Input::Type("x");
+    EXPECT_EQ(grid.GetSelectedItem(), -1);
+    grid.fixedRows = FALSE;
+    Input::Type("x");
+    EXPECT_EQ(grid.GetSelectedItem(), 1);
+    EXPECT_EQ(grid.GetCurrentColumn(), 0);
+    ASSERT_TRUE(Editing());
+    EXPECT_STREQ(grid.GetEditText(), "x");
+}
+
+TEST_F(GridCtrlTest, ControlLettersOnlyPasteAndShowInMemory)
+{
+    AddRow("a");
+    SyncCount();
+    grid.SetFocus();
+    grid.SelectItem(0);
+    Input::Key('K', Input::kControl);
+    EXPECT_FALSE(Editing());
+    Input::Key('M', Input::kControl);
+    EXPECT_EQ(grid.showInMemory, 1);
+    EXPECT_FALSE(Editing());
+
+    grid.EditBox().SetWindowText("clip");  // put text on the clipboard through the edit box
+    grid.EditBox().SetSel(0, -1);
+    grid.EditBox().Copy();
+    grid.EditBox().SetWindowText("");
+    Input::Key('V', Input::kControl);
+    ASSERT_TRUE(Editing());
+    EXPECT_STREQ(grid.GetEditText(), "clip");
+    int start = 0, end = 0;
+    grid.EditBox().GetSel(start, end);
+    EXPECT_EQ(start, 0);
+    EXPECT_EQ(end, 4);
+}
+
+TEST_F(GridCtrlTest, ClicksSelectThenMoveColumnThenEdit)
+{
+    AddRow("a");
+    AddRow("b");
+    SyncCount();
+    ClickCell(1, 0);
+    EXPECT_EQ(grid.GetSelectedItem(), 1);
+    EXPECT_FALSE(Editing());
+    ClickCell(0, 1);  // another column: moves the current cell, selects the line
+    EXPECT_EQ(grid.GetCurrentColumn(), 1);
+    EXPECT_EQ(grid.GetSelectedItem(), 0);
+    EXPECT_FALSE(Editing());
+    ClickCell(0, 1);  // the current cell again: edits
+    ASSERT_TRUE(Editing());
+    EXPECT_STREQ(grid.GetEditText(), "12");
+
+    Input::Wait();
+    Input::RightClick(&grid, CellCentre(1, 2));
+    EXPECT_EQ(grid.GetCurrentColumn(), 2);
+    EXPECT_EQ(grid.GetSelectedItem(), 1);
+}
+
+TEST_F(GridCtrlTest, ClickOnTheExpandZoneTogglesWithoutEditing)
+{
+    CGridRow* a = AddRow("a");
+    a->flags = GRF_PARENT | GRF_COLLAPSED;
+    AddRow("b");
+    SyncCount();
+    grid.childrenToMake = 2;
+    ClickCell(0, 0);
+    EXPECT_EQ(grid.GetSelectedItem(), 0);
+    Input::Wait();
+    Input::Click(&grid, ExpandPoint(0));
+    EXPECT_FALSE(Editing());
+    EXPECT_EQ(grid.GetItemCount(), 4);
+    Input::Wait();
+    Input::Click(&grid, ExpandPoint(0));
+    EXPECT_EQ(grid.GetItemCount(), 2);
+    EXPECT_FALSE(Editing());
+}
+
+TEST_F(GridCtrlTest, DoubleClickEditsAndTellsTheParent)
+{
+    AddRow("a");
+    SyncCount();
+    Input::Wait();
+    Input::DoubleClick(&grid, CellCentre(0, 0));  // the first click selects the line
+    EXPECT_TRUE(Editing());
+    EXPECT_STREQ(grid.GetEditText(), "a");
+    EXPECT_EQ(pane.inputs, 1);
+}
+
+}  // namespace

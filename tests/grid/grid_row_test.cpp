@@ -1,0 +1,180 @@
+// Rows, cells and row arrays: links, ownership, copies and the cell setters.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <memory>
+#include <vector>
+
+#include "grid/grid_row.h"
+
+namespace {
+
+CGridRow* NewRow(const char* text, std::uint32_t level = 0)
+{
+    auto* row = new CGridRow;
+    row->text = text;
+    row->level = level;
+    return row;
+}
+
+// Texts of the array's rows, and checks that every link matches its neighbours.
+std::vector<std::string> TextsAndCheckLinks(const CGridRowArray& rows)
+{
+    std::vector<std::string> texts;
+    for (int i = 0; i < rows.GetSize(); ++i) {
+        const CGridRow* row = rows.GetRow(i);
+        EXPECT_EQ(row->prev, rows.GetRow(i - 1)) << "previous link of row " << i;
+        EXPECT_EQ(row->next, rows.GetRow(i + 1)) << "next link of row " << i;
+        texts.emplace_back(static_cast<const char*>(row->text));
+    }
+    return texts;
+}
+
+using Texts = std::vector<std::string>;
+
+TEST(GridRowArray, AddInsertAndRemoveKeepNeighboursLinked)
+{
+    CGridRowArray rows;
+    rows.AddRow(NewRow("a"));
+    rows.AddRow(NewRow("c"));
+    rows.InsertRow(1, NewRow("b"));
+    rows.InsertRow(0, NewRow("first"));
+    rows.InsertRow(4, NewRow("last"));  // at the end: linked as AddRow does
+    EXPECT_EQ(TextsAndCheckLinks(rows), (Texts{"first", "a", "b", "c", "last"}));
+
+    CGridRow* middle = rows.GetRow(2);
+    rows.RemoveRow(2);
+    EXPECT_EQ(TextsAndCheckLinks(rows), (Texts{"first", "a", "c", "last"}));
+    const std::unique_ptr<CGridRow> last(rows.GetRow(3));  // removed rows are not freed
+    rows.RemoveRow(3);  // the last one: the new last row has no next row
+    EXPECT_EQ(TextsAndCheckLinks(rows), (Texts{"first", "a", "c"}));
+    rows.RemoveRow(3);  // past the end: nothing
+    rows.RemoveRow(-1);
+    EXPECT_EQ(rows.GetSize(), 3);
+
+    // Removed rows are not freed; they can be added again.
+    rows.InsertRow(0, middle);
+    EXPECT_EQ(TextsAndCheckLinks(rows), (Texts{"b", "first", "a", "c"}));
+}
+
+TEST(GridRowArray, DeleteRowsStopsAtTheEnd)
+{
+    CGridRowArray rows;
+    for (const char* t : {"a", "b", "c", "d", "e"}) rows.AddRow(NewRow(t));
+    rows.GetRow(2)->record = new GridRowRecord{};
+    rows.DeleteRows(5, 1);  // at the size: nothing
+    rows.DeleteRows(9, 3);
+    EXPECT_EQ(rows.GetSize(), 5);
+    rows.DeleteRows(1, 2);
+    EXPECT_EQ(TextsAndCheckLinks(rows), (Texts{"a", "d", "e"}));
+    rows.DeleteRows(1, 100);
+    EXPECT_EQ(TextsAndCheckLinks(rows), (Texts{"a"}));
+    rows.DeleteAll();
+    EXPECT_EQ(rows.GetSize(), 0);
+}
+
+TEST(GridRow, ResetEmptiesCellsAndChildrenOnly)
+{
+    CGridRowArray siblings;
+    siblings.AddRow(NewRow("before"));
+    CGridRow* row = NewRow("expr", 3);
+    siblings.AddRow(row);
+    EXPECT_EQ(row->flags, GRF_CREATED);
+    EXPECT_EQ(row->format, kGridDefaultFormat);
+    row->format = 0;
+    row->flags = GRF_PARENT | GRF_EXPANDED;
+    row->record = new GridRowRecord{};
+    row->SetCellTextEdit(1, TRUE, 10);
+    std::strcpy(row->cells[1].text, "value");
+    row->children.AddRow(NewRow("child", 4));
+
+    row->Reset();
+    EXPECT_EQ(row->flags, GRF_CREATED);
+    EXPECT_EQ(row->cells[1].kind, 0u);
+    EXPECT_EQ(row->cells[1].limit, 0u);
+    EXPECT_STREQ(row->cells[1].text, "");
+    EXPECT_EQ(row->children.GetSize(), 0);
+    EXPECT_EQ(row->Level(), 3);
+    EXPECT_STREQ(row->text, "expr");
+    EXPECT_NE(row->record, nullptr);
+    EXPECT_EQ(row->format, 0u);
+    EXPECT_EQ(row->prev, siblings.GetRow(0));
+}
+
+TEST(GridRow, CopyIsDeepWithOwnRecordAndReparentedChildren)
+{
+    CGridRow source;
+    source.text = "s";
+    source.level = 1;
+    source.changed = TRUE;
+    source.flags = GRF_PARENT | GRF_EXPANDED;
+    source.format = 1;
+    source.record = new GridRowRecord{};
+    source.record->words[20] = 77;
+    source.SetCellNumberEdit(2, TRUE, 4);
+    std::strcpy(source.cells[2].text, "12");
+    auto* child = NewRow("child", 2);
+    child->parent = &source;
+    child->record = new GridRowRecord{};
+    child->children.AddRow(NewRow("grandchild", 3));
+    child->children.GetRow(0)->parent = child;
+    source.children.AddRow(child);
+    source.children.AddRow(NewRow("child2", 2));
+
+    CGridRow copy;
+    copy.children.AddRow(NewRow("old"));
+    copy = source;
+
+    EXPECT_EQ(copy.flags, source.flags);
+    EXPECT_EQ(copy.Level(), 1);
+    EXPECT_TRUE(copy.changed);
+    EXPECT_EQ(copy.format, 1u);
+    EXPECT_EQ(copy.cells[2].kind, GCF_NUMBER_EDIT);
+    EXPECT_STREQ(copy.cells[2].text, "12");
+    ASSERT_NE(copy.record, nullptr);
+    EXPECT_NE(copy.record, source.record);
+    EXPECT_EQ(copy.record->words[20], 77u);
+    EXPECT_EQ(TextsAndCheckLinks(copy.children), (Texts{"child", "child2"}));
+    const CGridRow* copiedChild = copy.children.GetRow(0);
+    EXPECT_NE(copiedChild, child);
+    EXPECT_EQ(copiedChild->parent, &copy);
+    EXPECT_EQ(copiedChild->Level(), 2);
+    ASSERT_NE(copiedChild->record, nullptr);
+    EXPECT_NE(copiedChild->record, child->record);
+    ASSERT_EQ(copiedChild->children.GetSize(), 1);
+    EXPECT_EQ(copiedChild->children.GetRow(0)->parent, copiedChild);
+    EXPECT_EQ(copiedChild->children.GetRow(0)->Level(), 3);
+    EXPECT_EQ(copy.prev, nullptr);  // links are not copied
+
+    delete source.record;
+    delete copy.record;
+}
+
+TEST(GridRow, CellSettersAndBadInput)
+{
+    CGridRow row;
+    row.SetCellList(3, TRUE);
+    row.SetCellIcon(3, 2);
+    EXPECT_EQ(row.cells[3].kind, GCF_LIST_EDIT | GCF_ICON);
+    EXPECT_EQ(row.cells[3].value, 2u);
+    row.SetCellList(3, FALSE);
+    EXPECT_EQ(row.cells[3].kind, GCF_ICON);
+
+    row.SetCellTextEdit(3, TRUE, -1);  // -1: no limit; other kind bits go
+    EXPECT_EQ(row.cells[3].kind, GCF_TEXT_EDIT);
+    EXPECT_EQ(row.cells[3].limit, 0u);
+    EXPECT_EQ(row.cells[3].value, 0u);
+    row.SetCellNumberEdit(3, FALSE, 8);
+    EXPECT_EQ(row.cells[3].kind, 0u);
+    EXPECT_EQ(row.cells[3].limit, 8u);
+
+    // Columns outside the 32 cells are ignored.
+    row.SetCellTextEdit(32, TRUE, 1);
+    row.SetCellIcon(-1, 1);
+    EXPECT_EQ(row.Cell(32), nullptr);
+
+    row.level = 0x1FF;  // only the low 8 bits are read
+    EXPECT_EQ(row.Level(), 0xFF);
+}
+
+}  // namespace
