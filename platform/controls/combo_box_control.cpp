@@ -154,7 +154,7 @@ bool ComboControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* r
         OnFocus(message == WM_SETFOCUS);
         return true;
     case WM_GETDLGCODE:
-        *result = kDlgcWantArrows | kDlgcWantChars;
+        *result = DLGC_WANTARROWS | DLGC_WANTCHARS;
         return true;
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:

@@ -30,10 +30,6 @@ constexpr int kListBorder = 1;
 constexpr int kWheelDelta = 120;
 constexpr int kWheelLines = 3;
 
-// Dialog codes the core headers do not carry, with the platform's values.
-constexpr UINT kDlgcWantArrows = 0x0001;
-constexpr UINT kDlgcWantChars = 0x0080;
-
 class ComboControl {
 public:
     explicit ComboControl(CWnd* wnd);

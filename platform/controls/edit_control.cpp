@@ -150,7 +150,7 @@ bool EditControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
         OnFocus(message == WM_SETFOCUS);
         return true;
     case WM_GETDLGCODE:
-        *result = kDlgcWantChars | kDlgcHasSetSel | kDlgcWantArrows | (Has(ES_MULTILINE) ? kDlgcWantAllKeys : 0);
+        *result = DLGC_WANTCHARS | DLGC_HASSETSEL | DLGC_WANTARROWS | (Has(ES_MULTILINE) ? DLGC_WANTALLKEYS : 0);
         return true;
     case WM_KEYDOWN:
         OnKeyDown(static_cast<UINT>(wParam));

@@ -24,12 +24,7 @@ constexpr int kScrollDivisor = 3;
 // Shown for each character of a password.
 constexpr char kDefaultPasswordChar = '*';
 
-// Dialog codes and messages the core headers do not carry, with the
-// platform's values.
-constexpr UINT kDlgcWantArrows = 0x0001;
-constexpr UINT kDlgcWantAllKeys = 0x0004;
-constexpr UINT kDlgcHasSetSel = 0x0008;
-constexpr UINT kDlgcWantChars = 0x0080;
+// A message the core headers do not carry, with the platform's value.
 constexpr UINT kWmUndo = 0x0304;
 
 class EditControl {

@@ -187,7 +187,7 @@ bool ListControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
         return true;
     }
     case WM_GETDLGCODE:
-        *result = kDlgcWantArrows | kDlgcWantChars;
+        *result = DLGC_WANTARROWS | DLGC_WANTCHARS;
         return true;
     case WM_NOTIFY: {
         auto* header = reinterpret_cast<NMHDR*>(lParam);

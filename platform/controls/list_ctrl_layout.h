@@ -29,19 +29,6 @@ constexpr int kHorizontalLine = 8;
 // The most items an owner-data list accepts.
 constexpr int kMaxItemCount = 100'000'000;
 
-// Scroll bar codes of WM_VSCROLL / WM_HSCROLL and dialog codes, with the
-// platform's values; the core headers do not carry them.
-constexpr UINT kSbLineUp = 0;
-constexpr UINT kSbLineDown = 1;
-constexpr UINT kSbPageUp = 2;
-constexpr UINT kSbPageDown = 3;
-constexpr UINT kSbThumbPosition = 4;
-constexpr UINT kSbThumbTrack = 5;
-constexpr UINT kSbTop = 6;
-constexpr UINT kSbBottom = 7;
-constexpr UINT kDlgcWantArrows = 0x0001;
-constexpr UINT kDlgcWantChars = 0x0080;
-
 // A column's extent in content coordinates (x = 0 at the first column's
 // left edge, before horizontal scrolling).
 struct Column {

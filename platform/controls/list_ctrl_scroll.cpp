@@ -41,14 +41,14 @@ void ListControl::OnVScroll(UINT code, int position)
     const Geometry g = ComputeGeometry();
     const long long top = g.top;
     switch (code) {
-    case kSbLineUp: ScrollTo(top - 1); break;
-    case kSbLineDown: ScrollTo(top + 1); break;
-    case kSbPageUp: ScrollTo(top - g.PageLines()); break;
-    case kSbPageDown: ScrollTo(top + g.PageLines()); break;
-    case kSbThumbPosition:
-    case kSbThumbTrack: ScrollTo(position); break;
-    case kSbTop: ScrollTo(0); break;
-    case kSbBottom: ScrollTo(g.MaxTop()); break;
+    case SB_LINEUP: ScrollTo(top - 1); break;
+    case SB_LINEDOWN: ScrollTo(top + 1); break;
+    case SB_PAGEUP: ScrollTo(top - g.PageLines()); break;
+    case SB_PAGEDOWN: ScrollTo(top + g.PageLines()); break;
+    case SB_THUMBPOSITION:
+    case SB_THUMBTRACK: ScrollTo(position); break;
+    case SB_TOP: ScrollTo(0); break;
+    case SB_BOTTOM: ScrollTo(g.MaxTop()); break;
     default: break;
     }
 }
@@ -58,14 +58,14 @@ void ListControl::OnHScroll(UINT code, int position)
     const Geometry g = ComputeGeometry();
     const long long x = g.scrollX;
     switch (code) {
-    case kSbLineUp: ScrollXTo(x - kHorizontalLine); break;
-    case kSbLineDown: ScrollXTo(x + kHorizontalLine); break;
-    case kSbPageUp: ScrollXTo(x - g.client.Width()); break;
-    case kSbPageDown: ScrollXTo(x + g.client.Width()); break;
-    case kSbThumbPosition:
-    case kSbThumbTrack: ScrollXTo(position); break;
-    case kSbTop: ScrollXTo(0); break;
-    case kSbBottom: ScrollXTo(g.MaxScrollX()); break;
+    case SB_LINEUP: ScrollXTo(x - kHorizontalLine); break;
+    case SB_LINEDOWN: ScrollXTo(x + kHorizontalLine); break;
+    case SB_PAGEUP: ScrollXTo(x - g.client.Width()); break;
+    case SB_PAGEDOWN: ScrollXTo(x + g.client.Width()); break;
+    case SB_THUMBPOSITION:
+    case SB_THUMBTRACK: ScrollXTo(position); break;
+    case SB_TOP: ScrollXTo(0); break;
+    case SB_BOTTOM: ScrollXTo(g.MaxScrollX()); break;
     default: break;
     }
 }

@@ -63,7 +63,7 @@ bool RichEditControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT
         OnFocusChange(message == WM_SETFOCUS);
         return true;
     case WM_GETDLGCODE:
-        *result = kDlgcWantArrows | kDlgcWantChars | kDlgcHasSetSel | (IsMultiLine() ? kDlgcWantAllKeys : 0);
+        *result = DLGC_WANTARROWS | DLGC_WANTCHARS | DLGC_HASSETSEL | (IsMultiLine() ? DLGC_WANTALLKEYS : 0);
         return true;
     case WM_LBUTTONDOWN:
         OnLButtonDown(static_cast<UINT>(wParam), CPoint(lParam));

@@ -19,18 +19,6 @@ struct FontData;
 namespace richedit {
 
 // Platform constants the core headers do not carry.
-constexpr UINT kDlgcWantArrows = 0x0001;
-constexpr UINT kDlgcWantAllKeys = 0x0004;
-constexpr UINT kDlgcHasSetSel = 0x0008;
-constexpr UINT kDlgcWantChars = 0x0080;
-constexpr UINT kSbLineUp = 0;
-constexpr UINT kSbLineDown = 1;
-constexpr UINT kSbPageUp = 2;
-constexpr UINT kSbPageDown = 3;
-constexpr UINT kSbThumbPosition = 4;
-constexpr UINT kSbThumbTrack = 5;
-constexpr UINT kSbTop = 6;
-constexpr UINT kSbBottom = 7;
 constexpr int kWheelDelta = 120;
 constexpr int kWheelLines = 3;
 

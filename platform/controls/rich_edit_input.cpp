@@ -183,7 +183,7 @@ void RichEditControl::OnKeyDown(UINT key)
     case VK_NEXT: {
         // The view moves a page, and the caret with it.
         const Pos page = ComputeMetrics().FullLines();
-        OnVScroll(key == VK_NEXT ? kSbPageDown : kSbPageUp, 0);
+        OnVScroll(key == VK_NEXT ? SB_PAGEDOWN : SB_PAGEUP, 0);
         MoveVertically(key == VK_NEXT ? page : -page, shift);
         break;
     }

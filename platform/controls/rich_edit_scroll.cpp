@@ -138,14 +138,14 @@ void RichEditControl::OnVScroll(UINT code, int position)
     const Pos lastTop = std::max<Pos>(0, static_cast<Pos>(m_text.LineCount()) - full);
     const auto down = [&](Pos lines) { ScrollTo(std::min(first + lines, std::max(first, lastTop)), m_scrollX); };
     switch (code) {
-    case kSbLineUp: ScrollTo(first - 1, m_scrollX); break;
-    case kSbLineDown: down(1); break;
-    case kSbPageUp: ScrollTo(first - full, m_scrollX); break;
-    case kSbPageDown: down(full); break;
-    case kSbThumbPosition:
-    case kSbThumbTrack: ScrollTo(std::min<Pos>(position, lastTop), m_scrollX); break;
-    case kSbTop: ScrollTo(0, m_scrollX); break;
-    case kSbBottom: ScrollTo(lastTop, m_scrollX); break;
+    case SB_LINEUP: ScrollTo(first - 1, m_scrollX); break;
+    case SB_LINEDOWN: down(1); break;
+    case SB_PAGEUP: ScrollTo(first - full, m_scrollX); break;
+    case SB_PAGEDOWN: down(full); break;
+    case SB_THUMBPOSITION:
+    case SB_THUMBTRACK: ScrollTo(std::min<Pos>(position, lastTop), m_scrollX); break;
+    case SB_TOP: ScrollTo(0, m_scrollX); break;
+    case SB_BOTTOM: ScrollTo(lastTop, m_scrollX); break;
     default: break;
     }
 }
@@ -156,14 +156,14 @@ void RichEditControl::OnHScroll(UINT code, int position)
     const int page = std::max(1, m.view.Width() / std::max(1, m.font.Advance(1)));
     const int right = std::max(0, MaxLineWidth(m) + 1 - m.view.Width());
     switch (code) {
-    case kSbLineUp: LineScroll(-1, 0); break;
-    case kSbLineDown: LineScroll(1, 0); break;
-    case kSbPageUp: LineScroll(-page, 0); break;
-    case kSbPageDown: LineScroll(page, 0); break;
-    case kSbThumbPosition:
-    case kSbThumbTrack: ScrollTo(static_cast<Pos>(m_firstLine), std::clamp(position, 0, right)); break;
-    case kSbTop: ScrollTo(static_cast<Pos>(m_firstLine), 0); break;
-    case kSbBottom: ScrollTo(static_cast<Pos>(m_firstLine), right); break;
+    case SB_LINEUP: LineScroll(-1, 0); break;
+    case SB_LINEDOWN: LineScroll(1, 0); break;
+    case SB_PAGEUP: LineScroll(-page, 0); break;
+    case SB_PAGEDOWN: LineScroll(page, 0); break;
+    case SB_THUMBPOSITION:
+    case SB_THUMBTRACK: ScrollTo(static_cast<Pos>(m_firstLine), std::clamp(position, 0, right)); break;
+    case SB_TOP: ScrollTo(static_cast<Pos>(m_firstLine), 0); break;
+    case SB_BOTTOM: ScrollTo(static_cast<Pos>(m_firstLine), right); break;
     default: break;
     }
 }
@@ -174,9 +174,9 @@ void RichEditControl::OnMouseWheel(int delta)
     const int notches = m_wheelRemainder / kWheelDelta;
     m_wheelRemainder -= notches * kWheelDelta;
     if (notches > 0) {
-        for (int i = 0; i < notches * kWheelLines; ++i) OnVScroll(kSbLineUp, 0);
+        for (int i = 0; i < notches * kWheelLines; ++i) OnVScroll(SB_LINEUP, 0);
     } else {
-        for (int i = 0; i < -notches * kWheelLines; ++i) OnVScroll(kSbLineDown, 0);
+        for (int i = 0; i < -notches * kWheelLines; ++i) OnVScroll(SB_LINEDOWN, 0);
     }
 }
 

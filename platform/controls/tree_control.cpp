@@ -107,7 +107,7 @@ bool TreeControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
         OnFocusChange(message == WM_SETFOCUS);
         return true;
     case WM_GETDLGCODE:
-        *result = kDlgcWantArrows | kDlgcWantChars;
+        *result = DLGC_WANTARROWS | DLGC_WANTCHARS;
         return true;
     case WM_LBUTTONDOWN:
         OnLButtonDown(CPoint(lParam));
@@ -609,14 +609,14 @@ void TreeControl::OnVScroll(UINT code, int position)
     const Metrics m = ComputeMetrics();
     const int top = TopIndex(m);
     switch (code) {
-    case kSbLineUp: ScrollTo(top - 1); break;
-    case kSbLineDown: ScrollTo(top + 1); break;
-    case kSbPageUp: ScrollTo(top - m.PageRows()); break;
-    case kSbPageDown: ScrollTo(top + m.PageRows()); break;
-    case kSbThumbPosition:
-    case kSbThumbTrack: ScrollTo(position); break;
-    case kSbTop: ScrollTo(0); break;
-    case kSbBottom: ScrollTo(static_cast<int>(m_model.Rows().size())); break;
+    case SB_LINEUP: ScrollTo(top - 1); break;
+    case SB_LINEDOWN: ScrollTo(top + 1); break;
+    case SB_PAGEUP: ScrollTo(top - m.PageRows()); break;
+    case SB_PAGEDOWN: ScrollTo(top + m.PageRows()); break;
+    case SB_THUMBPOSITION:
+    case SB_THUMBTRACK: ScrollTo(position); break;
+    case SB_TOP: ScrollTo(0); break;
+    case SB_BOTTOM: ScrollTo(static_cast<int>(m_model.Rows().size())); break;
     default: break;
     }
 }

@@ -14,17 +14,6 @@ class CDC;
 
 namespace tree {
 
-// Platform constants the core headers do not carry yet.
-constexpr UINT kDlgcWantArrows = 0x0001;
-constexpr UINT kDlgcWantChars = 0x0080;
-constexpr UINT kSbLineUp = 0;
-constexpr UINT kSbLineDown = 1;
-constexpr UINT kSbPageUp = 2;
-constexpr UINT kSbPageDown = 3;
-constexpr UINT kSbThumbPosition = 4;
-constexpr UINT kSbThumbTrack = 5;
-constexpr UINT kSbTop = 6;
-constexpr UINT kSbBottom = 7;
 // State image index bits of TVITEM::state.
 constexpr UINT kStateImageMask = 0xF000;
 

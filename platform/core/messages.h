@@ -79,6 +79,22 @@ constexpr UINT SIZE_RESTORED = 0;
 // WM_SETCURSOR / hit codes used by default processing.
 constexpr int HTCLIENT = 1;
 
+// Scroll-bar requests (LOWORD of WM_VSCROLL / WM_HSCROLL).
+constexpr UINT SB_LINEUP = 0;
+constexpr UINT SB_LINEDOWN = 1;
+constexpr UINT SB_PAGEUP = 2;
+constexpr UINT SB_PAGEDOWN = 3;
+constexpr UINT SB_THUMBPOSITION = 4;
+constexpr UINT SB_THUMBTRACK = 5;
+constexpr UINT SB_TOP = 6;
+constexpr UINT SB_BOTTOM = 7;
+
+// WM_GETDLGCODE answers.
+constexpr UINT DLGC_WANTARROWS = 0x0001;
+constexpr UINT DLGC_WANTALLKEYS = 0x0004;
+constexpr UINT DLGC_HASSETSEL = 0x0008;
+constexpr UINT DLGC_WANTCHARS = 0x0080;
+
 // Virtual keys.
 constexpr UINT VK_LBUTTON = 0x01;
 constexpr UINT VK_RBUTTON = 0x02;

@@ -168,17 +168,17 @@ TEST_F(ListGeometry, ShrinkingTheCountKeepsTopSelectionAndFocusInside)
 TEST_F(ListGeometry, ScrollMessagesWheelAndScrollMoveWholeLines)
 {
     Make(list_test::kGridStyle, 100);
-    list.SendMessage(WM_VSCROLL, MAKEWPARAM(listview::kSbLineDown, 0));
+    list.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_LINEDOWN, 0));
     EXPECT_EQ(list.GetTopIndex(), 1);
-    list.SendMessage(WM_VSCROLL, MAKEWPARAM(listview::kSbPageDown, 0));
+    list.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_PAGEDOWN, 0));
     EXPECT_EQ(list.GetTopIndex(), 1 + kPage);
-    list.SendMessage(WM_VSCROLL, MAKEWPARAM(listview::kSbThumbTrack, 40));
+    list.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 40));
     EXPECT_EQ(list.GetTopIndex(), 40);
-    list.SendMessage(WM_VSCROLL, MAKEWPARAM(listview::kSbBottom, 0));
+    list.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_BOTTOM, 0));
     EXPECT_EQ(list.GetTopIndex(), 100 - kPage);
-    list.SendMessage(WM_VSCROLL, MAKEWPARAM(listview::kSbLineDown, 0));
+    list.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_LINEDOWN, 0));
     EXPECT_EQ(list.GetTopIndex(), 100 - kPage);
-    list.SendMessage(WM_VSCROLL, MAKEWPARAM(listview::kSbTop, 0));
+    list.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_TOP, 0));
     EXPECT_EQ(list.GetTopIndex(), 0);
 
     // Pixels round to the nearest whole line.
@@ -206,7 +206,7 @@ TEST_F(ListGeometry, ScrollMessagesWheelAndScrollMoveWholeLines)
 TEST_F(ListGeometry, HorizontalScrollingMovesLinesAndHeaderTogether)
 {
     Make(list_test::kGridStyle, 5);
-    list.SendMessage(WM_HSCROLL, MAKEWPARAM(listview::kSbLineDown, 0));
+    list.SendMessage(WM_HSCROLL, MAKEWPARAM(SB_LINEDOWN, 0));
     EXPECT_EQ(ItemRect(list, 0, LVIR_BOUNDS).left, -listview::kHorizontalLine);
     CRect header;
     list.GetHeaderCtrl()->GetWindowRect(&header);
@@ -216,9 +216,9 @@ TEST_F(ListGeometry, HorizontalScrollingMovesLinesAndHeaderTogether)
     EXPECT_EQ(header.Height(), kHeaderHeight);
 
     // The columns are 30 pixels wider than the client: no further than that.
-    list.SendMessage(WM_HSCROLL, MAKEWPARAM(listview::kSbPageDown, 0));
+    list.SendMessage(WM_HSCROLL, MAKEWPARAM(SB_PAGEDOWN, 0));
     EXPECT_EQ(ItemRect(list, 0, LVIR_BOUNDS).left, -30);
-    list.SendMessage(WM_HSCROLL, MAKEWPARAM(listview::kSbThumbPosition, 12));
+    list.SendMessage(WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 12));
     EXPECT_EQ(ItemRect(list, 0, LVIR_BOUNDS).left, -12);
     UINT flags = 0;
     EXPECT_EQ(list.HitTest(CPoint(100 - 12 + 1, 30), &flags), 0);
