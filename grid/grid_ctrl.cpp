@@ -65,10 +65,6 @@ int CGridCtrl::OnCreate(LPCREATESTRUCT)
     CClientDC dc(this);
     m_memDC.CreateCompatibleDC(&dc);
     m_font.CreatePointFont(kGridFontPoints, kGridFontFace);
-    // The list measured its lines during its own creation, before the font
-    // existed; measuring again gives it the grid font.
-    MEASUREITEMSTRUCT measure{};
-    MeasureItem(&measure);
     return 0;
 }
 

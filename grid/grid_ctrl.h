@@ -142,6 +142,4 @@ private:
     CGridRowArray m_rows;
     std::array<COLORREF, kColourCount> m_colours{};
     BOOL m_ctrlHeld = FALSE;
-    // Setting the font re-measures the lines, which asks MeasureItem again.
-    bool m_measuring = false;
 };

@@ -62,11 +62,7 @@ CGridCtrl::LineGeometry CGridCtrl::Geometry()
 void CGridCtrl::MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct)
 {
     if (!lpMeasureItemStruct) return;
-    if (GetSafeHwnd() && m_font.GetSafeHandle() && !m_measuring) {
-        m_measuring = true;
-        SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(m_font.GetSafeHandle()), TRUE);
-        m_measuring = false;
-    }
+    if (GetSafeHwnd()) SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(m_font.GetSafeHandle()), TRUE);
     // The metrics of the context's default font, not of the grid font.
     CClientDC dc(this);
     TEXTMETRIC metrics{};
@@ -134,9 +130,8 @@ void CGridCtrl::ApplyCellColours(const CRect& r, bool current)
 {
     if (current) {
         const COLORREF back = GetFocus() == this ? m_colours[kCurrentBackFocus] : m_colours[kCurrentBackNoFocus];
+        // Also leaves the text background at the fill, so opaque text stays on the highlight.
         m_memDC.FillSolidRect(&r, back);
-        // Text cells are drawn opaque: their background is the highlight too.
-        m_memDC.SetBkColor(back);
         m_memDC.SetTextColor(m_colours[kCurrentText]);
     } else {
         m_memDC.SetBkColor(m_colours[kBackground]);

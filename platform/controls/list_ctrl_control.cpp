@@ -174,6 +174,10 @@ bool ListControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
         if (wParam) m_wnd->Invalidate();
         return true;
     case WM_SIZE:
+        // As the platform's list view, owner-drawn lines are measured when the
+        // window takes a size, the first time right after WM_CREATE.
+        MeasureLines();
+        if (!Hwnd()) return true;
         Revalidate();
         m_wnd->Invalidate();
         return true;
@@ -242,7 +246,6 @@ void ListControl::OnCreate()
     }
     if (m_header) m_header->SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(FontHandle()), FALSE);
     PlaceHeader();
-    MeasureLines();
 }
 
 HGDIOBJ ListControl::FontHandle() const
@@ -259,8 +262,8 @@ int ListControl::FontHeight() const
 void ListControl::OnSetFont(HGDIOBJ font, bool redraw)
 {
     m_font = font;
+    // A measured line height stays: the owner set it, possibly while setting this font.
     if (m_header) m_header->SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(FontHandle()), FALSE);
-    MeasureLines();
     if (!Hwnd()) return;
     Revalidate();
     if (redraw) m_wnd->Invalidate();

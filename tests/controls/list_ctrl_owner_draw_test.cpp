@@ -7,6 +7,7 @@
 using list_test::DrawnList;
 using list_test::kHeaderHeight;
 using list_test::kLineHeight;
+using list_test::kListArea;
 using list_test::kListId;
 using list_test::kPage;
 using list_test::ListFixture;
@@ -59,6 +60,25 @@ TEST_F(ListOwnerDraw, AParentThatMeasuresKeepsTheListsMeasureItemOut)
     CRect rect;
     ASSERT_TRUE(list.GetItemRect(1, &rect, LVIR_BOUNDS));
     EXPECT_EQ(rect.Height(), 20);
+}
+
+TEST_F(ListOwnerDraw, ANewFontKeepsTheMeasuredHeightANewSizeAsksAgain)
+{
+    parent.measuredHeight = 20;
+    Make(list_test::kGridStyle, 10);
+    CFont big;
+    ASSERT_TRUE(big.CreatePointFont(200, "Big"));
+    parent.measuredHeight = 30;
+    list.SetFont(&big);
+    EXPECT_EQ(parent.CountMessage(WM_MEASUREITEM), 1);
+    CRect rect;
+    ASSERT_TRUE(list.GetItemRect(1, &rect, LVIR_BOUNDS));
+    EXPECT_EQ(rect.Height(), 20);
+
+    list.MoveWindow(kListArea.left, kListArea.top, kListArea.Width(), kListArea.Height() + 10);
+    EXPECT_EQ(parent.CountMessage(WM_MEASUREITEM), 2);
+    ASSERT_TRUE(list.GetItemRect(1, &rect, LVIR_BOUNDS));
+    EXPECT_EQ(rect.Height(), 30);
 }
 
 TEST_F(ListOwnerDraw, EachLineShownIsDrawnOnceAndNothingPastTheCount)
