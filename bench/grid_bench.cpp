@@ -20,15 +20,7 @@ public:
     // Walks the shown rows in display order, skipping collapsed subtrees.
     CGridRow* FindRowAt(int displayIndex, CGridRowArray* rows, int* counter) override
     {
-        if (displayIndex < 0) return nullptr;
-        for (int i = 0; i < rows->GetSize(); ++i) {
-            CGridRow* row = rows->GetRow(i);
-            if ((*counter)++ == displayIndex) return row;
-            if (row->ShowsChildren()) {
-                if (CGridRow* found = FindRowAt(displayIndex, &row->children, counter)) return found;
-            }
-        }
-        return nullptr;
+        return FindRowInDisplayOrder(displayIndex, rows, counter);
     }
 
 protected:

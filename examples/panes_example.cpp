@@ -1,5 +1,5 @@
 // The example host: an IDE main frame in miniature. It loads the panes module,
-// docks the bookmark and breakpoint views over a sample 8051 project, plays a
+// docks its views and a grid over a sample 8051 project, plays a
 // short scripted session through the input layer, and writes what a user
 // would have seen (PNG) and what the host was asked (a transcript).
 //
@@ -12,6 +12,8 @@
 #include <string>
 #include <vector>
 
+#include "example_grid.h"
+#include "example_pane.h"
 #include "host/host_messages.h"
 #include "host/host_records.h"
 #include "marks/bookmark_tree_ctrl.h"
@@ -33,54 +35,6 @@ namespace {
 
 constexpr const char* kProjectPath = "C:\\8051\\traffic\\traffic.prj";
 constexpr const char* kProjectDir = "C:\\8051\\traffic\\";
-
-// A pane with a caption bar above its view, framed as the docking panes frame theirs.
-class ExamplePane : public CWnd {
-public:
-    explicit ExamplePane(std::string caption) : m_caption(std::move(caption)) {}
-    CWnd* view = nullptr;
-    std::function<void(CPoint)> showMenu;
-    static constexpr int kCaptionHeight = 20;
-
-protected:
-    DECLARE_MESSAGE_MAP()
-    void OnSize(UINT, int cx, int cy)
-    {
-        if (view && view->GetSafeHwnd()) view->MoveWindow(1, kCaptionHeight + 1, cx - 2, cy - kCaptionHeight - 2);
-    }
-    void OnContextMenu(CWnd*, CPoint point)
-    {
-        if (showMenu) showMenu(point);
-    }
-    void OnPaint()
-    {
-        CPaintDC dc(this);
-        CRect client;
-        GetClientRect(&client);
-        dc.FillSolidRect(0, 0, client.Width(), kCaptionHeight, GetSysColor(COLOR_INACTIVECAPTION));
-        dc.SetTextColor(GetSysColor(COLOR_INACTIVECAPTIONTEXT));
-        dc.SetBkMode(TRANSPARENT);
-        dc.SelectObject(CFont::FromHandle(GetStockObject(DEFAULT_GUI_FONT)));
-        CRect title(6, 0, client.Width(), kCaptionHeight);
-        dc.DrawText(m_caption.c_str(), static_cast<int>(m_caption.size()), &title, DT_LEFT | DT_VCENTER | DT_SINGLELINE);
-        if (view && view->GetSafeHwnd()) {
-            CRect frame;
-            view->GetWindowRect(&frame);
-            ScreenToClient(&frame);
-            frame.InflateRect(1, 1);
-            dc.Draw3dRect(&frame, GetSysColor(COLOR_BTNSHADOW), GetSysColor(COLOR_BTNSHADOW));
-        }
-    }
-
-private:
-    std::string m_caption;
-};
-
-BEGIN_MESSAGE_MAP(ExamplePane, CWnd)
-    ON_WM_SIZE()
-    ON_WM_CONTEXTMENU()
-    ON_WM_PAINT()
-END_MESSAGE_MAP()
 
 // The host's main frame: owns the project's mark lists and answers the panes.
 class ExampleHost : public CFrameWnd {
@@ -240,6 +194,49 @@ CPoint LineCentre(CRichEditCtrl& edit, int line)
     return CPoint(at.x + 20, at.y + 6);
 }
 
+// The centre of a line's expand box, at the row's level.
+CPoint ExpandBoxCentre(CGridCtrl& grid, int item)
+{
+    CRect first, line;
+    grid.GetItemRect(0, &first, LVIR_BOUNDS);
+    grid.GetItemRect(item, &line, LVIR_BOUNDS);
+    const int unit = first.Height() / 4 + 4;
+    const CGridRow* row = grid.GetRowAt(item);
+    return CPoint(line.left + unit * (row ? row->Level() : 0) + unit, line.CenterPoint().y);
+}
+
+CPoint CellCentre(CGridCtrl& grid, int item, int column)
+{
+    CRect cell;
+    grid.GetSubItemRect(item, column, LVIR_LABEL, cell);
+    return cell.CenterPoint();
+}
+
+// Expands two levels, edits a value, changes a format and leaves the cell
+// cursor on a value, so the capture shows all the grid draws.
+void PlayGridSession(ExampleHost& host, CGridCtrl& grid)
+{
+    host.Note("the user expands 'timer', then 'phases' inside it, by their boxes");
+    Input::Wait();
+    Input::Click(&grid, ExpandBoxCentre(grid, 1));
+    Input::Wait();
+    Input::Click(&grid, ExpandBoxCentre(grid, 4));
+    host.Note("the user clicks the value of 'count', types 1F and presses Enter");
+    Input::Wait();
+    Input::Click(&grid, CellCentre(grid, 0, 1));
+    Input::Type("1F");
+    Input::Key(VK_RETURN);
+    host.Note("the user clicks the format of 'ticks' twice and presses Down in the list");
+    Input::Wait();
+    Input::Click(&grid, CellCentre(grid, 3, 2));
+    Input::Wait();
+    Input::Click(&grid, CellCentre(grid, 3, 2));
+    Input::Key(VK_DOWN);
+    host.Note("the user presses Left and Up: the cell cursor rests on the value of 'reload'");
+    Input::Key(VK_LEFT);
+    Input::Key(VK_UP);
+}
+
 // One pane of the example's frame: a caption, a frame and its view.
 struct Slot {
     ExamplePane pane;
@@ -263,7 +260,7 @@ int main(int argc, char** argv)
     int result = 1;
     {
         ExampleHost host;
-        host.Create(nullptr, "example", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 760, 470));
+        host.Create(nullptr, "example", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 760, 700));
         app.m_pMainWnd = &host;
         OrvProjectMisc::SetListener([&](std::string_view routine, int argument) {
             host.transcript << "sibling " << routine << "(" << argument << ")\n";
@@ -275,12 +272,15 @@ int main(int argc, char** argv)
         CBreakPointListTreeCtrl breakpointView;
         CFuncListTreeCtrl functionView;
         CMessageEditCtrl messageView;
+        ExampleGrid grid;
+        grid.log = [&](const std::string& line) { host.transcript << line << "\n"; };
         messageView.SetGotoMode(kGotoSendsMessageViewGoto);
         Slot slots[] = {
             {ExamplePane(GBK("书签")), &bookmarkView, CRect(4, 4, 376, 204)},
             {ExamplePane(GBK("断点")), &breakpointView, CRect(380, 4, 754, 204)},
             {ExamplePane(GBK("函数列表")), &functionView, CRect(4, 208, 256, 464)},
             {ExamplePane(GBK("消息")), &messageView, CRect(260, 208, 754, 464)},
+            {ExamplePane(GBK("变量")), &grid, CRect(4, 468, 754, 696)},
         };
         slots[0].pane.showMenu = [&](CPoint p) { bookmarkView.ShowMenu(p); };
         slots[1].pane.showMenu = [&](CPoint p) { breakpointView.ShowMenu(p); };
@@ -293,7 +293,7 @@ int main(int argc, char** argv)
             slot.pane.Create(nullptr, "pane", WS_VISIBLE, CRect(0, 0, 0, 0), &host, 0);
         }
         created = bookmarkView.Create(&slots[0].pane) && breakpointView.Create(&slots[1].pane) &&
-                  functionView.Create(&slots[2].pane) && messageView.Create(&slots[3].pane);
+                  functionView.Create(&slots[2].pane) && messageView.Create(&slots[3].pane) && grid.Create(&slots[4].pane);
         if (!created) {
             std::fprintf(stderr, "cannot create the views\n");
             return 1;
@@ -306,6 +306,7 @@ int main(int argc, char** argv)
         const std::string mainFile = std::string(kProjectDir) + "main.c";
         functionView.SendMessage(UWM_FUNCLIST_SHOW_FILE, reinterpret_cast<WPARAM>(mainFile.c_str()), reinterpret_cast<LPARAM>(functions.get()));
         SendBuildLog(messageView);
+        grid.FillSampleRows();
 
         host.Note("the user clicks the second bookmark");
         Input::Click(&bookmarkView, LabelCentre(bookmarkView, 1));
@@ -328,7 +329,7 @@ int main(int argc, char** argv)
         host.Note("the user presses F5 in the bookmark view");
         bookmarkView.SetFocus();
         Input::Key(VK_F5);
-        messageView.SetFocus();
+        PlayGridSession(host, grid);
 
         const bool written = Paint::CaptureWindow(host, (out / "panes.png").c_str());
         std::ofstream((out / "transcript.txt").string()) << host.transcript.str();

@@ -146,3 +146,16 @@ void CGridRowArray::DeleteAll()
     for (int i = GetSize() - 1; i >= 0; --i) FreeRow(GetRow(i));
     RemoveAll();
 }
+
+CGridRow* FindRowInDisplayOrder(int displayIndex, CGridRowArray* rows, int* counter)
+{
+    if (displayIndex < 0 || !rows || !counter) return nullptr;
+    for (int i = 0; i < rows->GetSize(); ++i) {
+        CGridRow* row = rows->GetRow(i);
+        if ((*counter)++ == displayIndex) return row;
+        if (row->ShowsChildren()) {
+            if (CGridRow* found = FindRowInDisplayOrder(displayIndex, &row->children, counter)) return found;
+        }
+    }
+    return nullptr;
+}

@@ -105,3 +105,9 @@ private:
     void SetCellEdit(int c, std::uint32_t kind, BOOL bEnable, int nLimit);
     void CopyFrom(const CGridRow& other);
 };
+
+// The row on a display line, counting in display order from *counter, the
+// display line of the array's first row; on return *counter is past the rows
+// walked. None for a negative line or one past the last. A walk over the shown
+// rows: a derived grid's FindRowAt may use it, or keep its own faster index.
+AFX_EXT_CLASS CGridRow* FindRowInDisplayOrder(int displayIndex, CGridRowArray* rows, int* counter);

@@ -178,3 +178,34 @@ TEST(GridRow, CellSettersAndBadInput)
 }
 
 }  // namespace
+
+TEST(GridRowArray, DisplayOrderShowsOnlyExpandedChildren)
+{
+    CGridRowArray rows;
+    CGridRow* a = NewRow("a");
+    a->flags = GRF_PARENT | GRF_EXPANDED;
+    CGridRow* a1 = NewRow("a1", 1);
+    a1->flags = GRF_SUBPARENT | GRF_COLLAPSED;
+    a1->children.AddRow(NewRow("hidden", 2));
+    a->children.AddRow(a1);
+    CGridRow* a2 = NewRow("a2", 1);
+    a2->flags = GRF_PARENT | GRF_EXPANDED;  // expanded without children: no lines
+    a->children.AddRow(a2);
+    rows.AddRow(a);
+    rows.AddRow(NewRow("b"));
+
+    Texts shown;
+    for (int line = 0;; ++line) {
+        int counter = 0;
+        const CGridRow* row = FindRowInDisplayOrder(line, &rows, &counter);
+        if (!row) break;
+        shown.emplace_back(static_cast<const char*>(row->text));
+    }
+    EXPECT_EQ(shown, (Texts{"a", "a1", "a2", "b"}));
+    int counter = 0;
+    EXPECT_EQ(FindRowInDisplayOrder(-1, &rows, &counter), nullptr);
+    // Counting from a later start: the array's first row is line 10.
+    counter = 10;
+    EXPECT_EQ(FindRowInDisplayOrder(11, &rows, &counter), a1);
+    EXPECT_EQ(FindRowInDisplayOrder(0, nullptr, &counter), nullptr);
+}

@@ -22,16 +22,7 @@ public:
     // The row on a display line, walking the rows in display order.
     CGridRow* FindRowAt(int displayIndex, CGridRowArray* rows, int* counter) override
     {
-        if (displayIndex < 0 || !rows || !counter) return nullptr;
-        for (int i = 0; i < rows->GetSize(); ++i) {
-            CGridRow* row = rows->GetRow(i);
-            if (*counter == displayIndex) return row;
-            ++*counter;
-            if (row->ShowsChildren()) {
-                if (CGridRow* found = FindRowAt(displayIndex, &row->children, counter)) return found;
-            }
-        }
-        return nullptr;
+        return FindRowInDisplayOrder(displayIndex, rows, counter);
     }
 
     void MoveRowUp() override { ++moveUps; }
