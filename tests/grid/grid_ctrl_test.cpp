@@ -28,6 +28,43 @@ TEST_F(GridCtrlTest, CreatesHiddenEditorsAndMeasuresLinesWithTheSystemFont)
     EXPECT_EQ(grid.GetFont()->GetSafeHandle(), grid.GetGridFont()->GetSafeHandle());
 }
 
+// A pane that answers the list's height request through the grid, as the
+// watch pane does.
+class MeasuringPane : public TestPane {
+public:
+    CGridCtrl* grid = nullptr;
+    int asked = 0;
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (message == WM_MEASUREITEM && grid) {
+            ++asked;
+            grid->MeasureItem(reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam));
+            return TRUE;
+        }
+        return TestPane::WindowProc(message, wParam, lParam);
+    }
+};
+
+TEST_F(GridCtrlTest, APaneMeasuringThroughTheGridIsAskedOnceAfterTheFontExists)
+{
+    MeasuringPane measuring;
+    TestGrid measured;
+    measuring.grid = &measured;
+    ASSERT_TRUE(measuring.CreatePane(&host, CRect(0, 0, 300, 200)));
+    ASSERT_TRUE(measured.Create(kGridStyle, CRect(0, 0, 300, 200), &measuring, 101));
+    // Setting the grid font from inside the answer asks no more.
+    EXPECT_EQ(measuring.asked, 1);
+    ASSERT_NE(measured.GetFont(), nullptr);
+    EXPECT_EQ(measured.GetFont()->GetSafeHandle(), measured.GetGridFont()->GetSafeHandle());
+    measured.InsertColumn(0, "Name", LVCFMT_LEFT, 100);
+    measured.SetItemCount(2);
+    CRect line;
+    ASSERT_TRUE(measured.GetItemRect(1, &line, LVIR_BOUNDS));
+    EXPECT_EQ(line.Height(), 16);
+}
+
 TEST_F(GridCtrlTest, RowsAreFoundInDisplayOrderAndMissingLinesGiveNone)
 {
     CGridRow* a = AddRow("a");

@@ -3,7 +3,6 @@
 #include <cstring>
 
 #include "grid/grid_text_fit.h"
-#include "platform/core/paint_dc.h"
 #include "platform/gdi/font.h"
 #include "platform/gdi/surface.h"
 #include "platform/gdi/sys_color.h"
@@ -285,51 +284,6 @@ TEST_F(GridDrawTest, BadCellContentDrawsWithinItsLine)
     Paint();
     EXPECT_GT(Count(RGB(0, 0, 0), Cell(0, 1)), 0);
     EXPECT_EQ(Count(kTree, CRect(0, Line(0).top, kUnit * 2, Line(0).bottom)), 0);
-}
-
-// A pane that answers the list's height request through the grid, as the
-// watch pane does.
-class MeasuringPane : public TestPane {
-public:
-    CGridCtrl* grid = nullptr;
-    int asked = 0;
-
-protected:
-    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
-    {
-        if (message == WM_MEASUREITEM && grid) {
-            ++asked;
-            grid->MeasureItem(reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam));
-            return TRUE;
-        }
-        return TestPane::WindowProc(message, wParam, lParam);
-    }
-};
-
-TEST_F(GridDrawTest, LinesAreAsHighAsTheSystemFontAndTheListTakesTheGridFont)
-{
-    MeasuringPane measuring;
-    TestGrid measured;
-    measuring.grid = &measured;
-    ASSERT_TRUE(measuring.CreatePane(&host, CRect(0, 0, 300, 200)));
-    ASSERT_TRUE(measured.Create(kGridStyle, CRect(0, 0, 300, 200), &measuring, 101));
-    // Asked once, after the grid font exists; setting that font asks no more.
-    EXPECT_EQ(measuring.asked, 1);
-    ASSERT_NE(measured.GetFont(), nullptr);
-    EXPECT_EQ(measured.GetFont()->GetSafeHandle(), measured.GetGridFont()->GetSafeHandle());
-    CClientDC dc(&measured);
-    TEXTMETRIC system{};
-    dc.GetTextMetrics(&system);
-    measured.InsertColumn(0, "Name", LVCFMT_LEFT, 100);
-    measured.SetItemCount(2);
-    CRect line;
-    ASSERT_TRUE(measured.GetItemRect(1, &line, LVIR_BOUNDS));
-    EXPECT_EQ(line.Height(), system.tmHeight);
-    // The grid font is larger than the system font, so the answer is not the list's own proposal.
-    TEXTMETRIC gridMetrics{};
-    dc.SelectObject(measured.GetGridFont());
-    dc.GetTextMetrics(&gridMetrics);
-    EXPECT_NE(gridMetrics.tmHeight, system.tmHeight);
 }
 
 // Text fitting, measured with the grid font: 6 pixels a byte, 12 a double-byte character.
