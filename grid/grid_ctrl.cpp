@@ -21,6 +21,8 @@ constexpr const char* kFormatNames[] = {"BIN", "DEC", "HEX"};
 
 }  // namespace
 
+IMPLEMENT_DYNCREATE(CGridCtrl, CBCGPListCtrl)
+
 BEGIN_MESSAGE_MAP(CGridCtrl, CBCGPListCtrl)
     ON_WM_CREATE()
     ON_WM_KEYDOWN()

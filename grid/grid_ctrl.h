@@ -25,7 +25,8 @@ constexpr UINT HDN_ITEMCHANGINGA = static_cast<UINT>(-300);
 constexpr UINT HDN_ITEMCHANGINGW = static_cast<UINT>(-320);
 
 class AFX_EXT_CLASS CGridCtrl : public CBCGPListCtrl {
-public:
+    DECLARE_DYNCREATE(CGridCtrl)
+
     // Indexes of the colour members.
     enum Colour {
         kBackground,

@@ -6,6 +6,8 @@
 #include "platform/gdi/dc.h"
 #include "platform/gdi/sys_color.h"
 
+IMPLEMENT_DYNCREATE(CListCtrl, CWnd)
+
 CListCtrl::CListCtrl() : m_control(std::make_unique<listview::ListControl>(this)) {}
 
 CListCtrl::~CListCtrl()

@@ -237,7 +237,8 @@ struct NMLVDISPINFO {
 };
 
 class AFX_EXT_CLASS CListCtrl : public CWnd {
-public:
+    DECLARE_DYNCREATE(CListCtrl)
+
     CListCtrl();
     ~CListCtrl() override;
 

@@ -3,11 +3,14 @@
 #pragma once
 
 #include "platform/core/message_map.h"
+#include "platform/core/object.h"
 #include "platform/text/cstring.h"
 
-class AFX_EXT_CLASS CCmdTarget {
-public:
-    virtual ~CCmdTarget() = default;
+class AFX_EXT_CLASS CCmdTarget : public CObject {
+    DECLARE_DYNAMIC(CCmdTarget)
+
+    CCmdTarget() = default;
+    ~CCmdTarget() override = default;
 
     // Routes a command (nCode CN_COMMAND), an update request (CN_UPDATE_COMMAND_UI,
     // pExtra the CCmdUI) or a control notification to this object's map.

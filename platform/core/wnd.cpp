@@ -7,6 +7,8 @@
 #include "platform/core/paint_dc.h"
 #include "platform/core/window_registry.h"
 
+IMPLEMENT_DYNCREATE(CWnd, CCmdTarget)
+
 BEGIN_MESSAGE_MAP(CWnd, CCmdTarget)
 END_MESSAGE_MAP()
 

@@ -13,7 +13,8 @@ class CMenu;
 struct WindowData;
 
 class AFX_EXT_CLASS CWnd : public CCmdTarget {
-public:
+    DECLARE_DYNCREATE(CWnd)
+
     CWnd() = default;
     ~CWnd() override;
     CWnd(const CWnd&) = delete;

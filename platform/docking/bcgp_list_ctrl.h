@@ -5,7 +5,8 @@
 #include "platform/controls/list_ctrl.h"
 
 class AFX_EXT_CLASS CBCGPListCtrl : public CListCtrl {
-public:
+    DECLARE_DYNAMIC(CBCGPListCtrl)
+
     CBCGPListCtrl();
     ~CBCGPListCtrl() override;
 

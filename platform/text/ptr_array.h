@@ -1,21 +1,12 @@
-// CObject and the framework's growable arrays. CPtrArray keeps a size, a
+// The framework's growable arrays. CPtrArray keeps a size, a
 // capacity and a growth step like the framework's; out-of-range reads give a
 // null pointer instead of undefined behaviour, and out-of-range writes do nothing.
 #pragma once
 
 #include <vector>
 
+#include "platform/core/object.h"
 #include "platform/text/cstring.h"
-
-class AFX_EXT_CLASS CObject {
-public:
-    virtual ~CObject() = default;
-
-protected:
-    CObject() = default;
-    CObject(const CObject&) = default;
-    CObject& operator=(const CObject&) = default;
-};
 
 class AFX_EXT_CLASS CPtrArray : public CObject {
 public:

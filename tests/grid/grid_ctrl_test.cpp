@@ -1,6 +1,7 @@
 // The grid control: lines over the row tree, expanding and collapsing, the
 // current cell, keys, typed characters and clicks.
 #include <cstring>
+#include <memory>
 
 #include "tests/grid/test_grid.h"
 
@@ -26,6 +27,18 @@ TEST_F(GridCtrlTest, CreatesHiddenEditorsAndMeasuresLinesWithTheSystemFont)
     EXPECT_EQ(bounds.Height(), 16);  // the system font's height, not the grid font's 12
     ASSERT_NE(grid.GetFont(), nullptr);
     EXPECT_EQ(grid.GetFont()->GetSafeHandle(), grid.GetGridFont()->GetSafeHandle());
+}
+
+TEST_F(GridCtrlTest, IsCreatableByItsClassName)
+{
+    std::unique_ptr<CObject> object(CRuntimeClass::CreateObject("CGridCtrl"));
+    ASSERT_NE(object, nullptr);
+    ASSERT_TRUE(object->IsKindOf(RUNTIME_CLASS(CBCGPListCtrl)));
+    auto* made = static_cast<CGridCtrl*>(object.get());
+    ASSERT_TRUE(made->Create(kGridStyle, CRect(0, 0, 200, 100), &other, 102));
+    EXPECT_EQ(made->EditBox().GetDlgCtrlID(), 1020);
+    // The base grid finds no rows of its own.
+    EXPECT_EQ(made->GetRowAt(0), nullptr);
 }
 
 // A pane that answers the list's height request through the grid, as the
