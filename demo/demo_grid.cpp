@@ -1,4 +1,4 @@
-#include "example_grid.h"
+#include "demo_grid.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -8,7 +8,7 @@
 
 namespace {
 
-// What the example keeps in a row's record.
+// What the demo keeps in a row's record.
 enum RecordWord { kValue, kBytes, kElements };
 // Display formats, as the format list orders them.
 enum Format : std::uint32_t { kBin, kDec, kHex };
@@ -84,7 +84,7 @@ void AddChild(CGridRow* parent, CGridRow* child)
 
 }  // namespace
 
-BOOL ExampleGrid::Create(CWnd* parent)
+BOOL DemoGrid::Create(CWnd* parent)
 {
     constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL | LVS_OWNERDRAWFIXED | LVS_OWNERDATA;
     if (!CGridCtrl::Create(kStyle, CRect(0, 0, 250, 250), parent, 1001)) return FALSE;
@@ -95,7 +95,7 @@ BOOL ExampleGrid::Create(CWnd* parent)
     return TRUE;
 }
 
-void ExampleGrid::FillSampleRows()
+void DemoGrid::FillSampleRows()
 {
     DeleteAllRows();
     Rows().AddRow(MakeRow("count", 0, 5, 1, kHex));
@@ -114,12 +114,12 @@ void ExampleGrid::FillSampleRows()
     SetItemCount(CountVisibleRows(Rows()));
 }
 
-CGridRow* ExampleGrid::FindRowAt(int displayIndex, CGridRowArray* rows, int* counter)
+CGridRow* DemoGrid::FindRowAt(int displayIndex, CGridRowArray* rows, int* counter)
 {
     return FindRowInDisplayOrder(displayIndex, rows, counter);
 }
 
-void ExampleGrid::UpdateRow(CGridRow* row, BOOL bRefresh)
+void DemoGrid::UpdateRow(CGridRow* row, BOOL bRefresh)
 {
     if (!row) return;
     // New rows get their cells from their record; existing ones keep them.
@@ -127,7 +127,7 @@ void ExampleGrid::UpdateRow(CGridRow* row, BOOL bRefresh)
     Log("UpdateRow " + GbkToUtf8(static_cast<const char*>(row->text)) + (bRefresh ? " (existing)" : " (new)"));
 }
 
-void ExampleGrid::FillChildren(CGridRow* row)
+void DemoGrid::FillChildren(CGridRow* row)
 {
     const std::uint32_t elements = RecordOf(*row).words[kElements];
     const std::uint32_t samples[] = {0x01, 0x02, 0x04, 0x08};
@@ -141,7 +141,7 @@ void ExampleGrid::FillChildren(CGridRow* row)
         std::to_string(elements) + " rows");
 }
 
-void ExampleGrid::CommitEdit()
+void DemoGrid::CommitEdit()
 {
     CGridRow* row = GetSelectedRow();
     if (!row) return;
@@ -161,7 +161,7 @@ void ExampleGrid::CommitEdit()
     Invalidate(FALSE);
 }
 
-void ExampleGrid::CommitFormat()
+void DemoGrid::CommitFormat()
 {
     CGridRow* row = GetSelectedRow();
     const int format = GetComboSel();
@@ -173,7 +173,7 @@ void ExampleGrid::CommitFormat()
     Invalidate(FALSE);
 }
 
-LRESULT ExampleGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT DemoGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message) {
     case UWM_GRID_FILL_CHILDREN:

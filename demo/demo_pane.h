@@ -1,4 +1,4 @@
-// A pane of the example host: a caption bar above one view, framed as the
+// A pane of the demo host: a caption bar above one view, framed as the
 // docking panes frame theirs, forwarding context-menu requests to the view.
 #pragma once
 
@@ -7,9 +7,9 @@
 
 #include "platform/core/wnd.h"
 
-class ExamplePane : public CWnd {
+class DemoPane : public CWnd {
 public:
-    explicit ExamplePane(std::string caption) : m_caption(std::move(caption)) {}
+    explicit DemoPane(std::string caption) : m_caption(std::move(caption)) {}
 
     CWnd* view = nullptr;
     std::function<void(CPoint)> showMenu;

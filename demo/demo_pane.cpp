@@ -1,25 +1,25 @@
-#include "example_pane.h"
+#include "demo_pane.h"
 
 #include "platform/core/paint_dc.h"
 #include "platform/gdi/sys_color.h"
 
-BEGIN_MESSAGE_MAP(ExamplePane, CWnd)
+BEGIN_MESSAGE_MAP(DemoPane, CWnd)
     ON_WM_SIZE()
     ON_WM_CONTEXTMENU()
     ON_WM_PAINT()
 END_MESSAGE_MAP()
 
-void ExamplePane::OnSize(UINT, int cx, int cy)
+void DemoPane::OnSize(UINT, int cx, int cy)
 {
     if (view && view->GetSafeHwnd()) view->MoveWindow(1, kCaptionHeight + 1, cx - 2, cy - kCaptionHeight - 2);
 }
 
-void ExamplePane::OnContextMenu(CWnd*, CPoint point)
+void DemoPane::OnContextMenu(CWnd*, CPoint point)
 {
     if (showMenu) showMenu(point);
 }
 
-void ExamplePane::OnPaint()
+void DemoPane::OnPaint()
 {
     CPaintDC dc(this);
     CRect client;

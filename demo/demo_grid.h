@@ -1,4 +1,4 @@
-// The example's grid: a few variables of the sample program as rows, with a
+// The demo grid: a few variables of the sample program as rows, with a
 // value column and a format column. It does what a derived grid must: finds
 // the row on a line, makes child rows when one is first expanded, and applies
 // what the user commits in the editors.
@@ -9,7 +9,7 @@
 
 #include "grid/grid_ctrl.h"
 
-class ExampleGrid : public CGridCtrl {
+class DemoGrid : public CGridCtrl {
 public:
     // Told each thing the grid asked of its derived class, in UTF-8.
     std::function<void(const std::string&)> log;

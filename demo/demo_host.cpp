@@ -1,9 +1,9 @@
-// The example host: an IDE main frame in miniature. It loads the panes module,
+// The demo host: an IDE main frame in miniature. It loads the panes module,
 // docks its views and a grid over a sample 8051 project, plays a
 // short scripted session through the input layer, and writes what a user
 // would have seen (PNG) and what the host was asked (a transcript).
 //
-//   panes_example <output folder>
+//   demohost <output folder>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -12,8 +12,8 @@
 #include <string>
 #include <vector>
 
-#include "example_grid.h"
-#include "example_pane.h"
+#include "demo_grid.h"
+#include "demo_pane.h"
 #include "host/host_messages.h"
 #include "host/host_records.h"
 #include "marks/bookmark_tree_ctrl.h"
@@ -37,9 +37,9 @@ constexpr const char* kProjectPath = "C:\\8051\\traffic\\traffic.prj";
 constexpr const char* kProjectDir = "C:\\8051\\traffic\\";
 
 // The host's main frame: owns the project's mark lists and answers the panes.
-class ExampleHost : public CFrameWnd {
+class DemoHost : public CFrameWnd {
 public:
-    ExampleHost()
+    DemoHost()
     {
         m_app.context = &m_context;
         m_context.bookMarkList = &bookmarks;
@@ -106,7 +106,7 @@ Item* AddMark(Group* group, int line, const char* utf8Text, int active = 0)
     return item;
 }
 
-void FillSampleProject(ExampleHost& host)
+void FillSampleProject(DemoHost& host)
 {
     auto* main = AddFile<CBookMarkItems>(host.bookmarks, "main.c");
     AddMark<CBookMarkItem>(main, 12, "void main(void)");
@@ -214,7 +214,7 @@ CPoint CellCentre(CGridCtrl& grid, int item, int column)
 
 // Expands two levels, edits a value, changes a format and leaves the cell
 // cursor on a value, so the capture shows all the grid draws.
-void PlayGridSession(ExampleHost& host, CGridCtrl& grid)
+void PlayGridSession(DemoHost& host, CGridCtrl& grid)
 {
     host.Note("the user expands 'timer', then 'phases' inside it, by their boxes");
     Input::Wait();
@@ -237,9 +237,9 @@ void PlayGridSession(ExampleHost& host, CGridCtrl& grid)
     Input::Key(VK_UP);
 }
 
-// One pane of the example's frame: a caption, a frame and its view.
+// One pane of the demo frame: a caption, a frame and its view.
 struct Slot {
-    ExamplePane pane;
+    DemoPane pane;
     CWnd* view;
     CRect rect;
 };
@@ -251,7 +251,7 @@ int main(int argc, char** argv)
     const std::filesystem::path out = argc > 1 ? argv[1] : ".";
     std::filesystem::create_directories(out);
 
-    CWinApp app("panes example");
+    CWinApp app("dockpanes demo");
     HINSTANCE module = AfxLoadLibrary(DOCKPANES_MODULE_PATH);
     if (!module) {
         std::fprintf(stderr, "cannot load the panes module: %s\n", AfxLastLoadError());
@@ -259,8 +259,8 @@ int main(int argc, char** argv)
     }
     int result = 1;
     {
-        ExampleHost host;
-        host.Create(nullptr, "example", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 760, 700));
+        DemoHost host;
+        host.Create(nullptr, "dockpanes demo", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 760, 700));
         app.m_pMainWnd = &host;
         OrvProjectMisc::SetListener([&](std::string_view routine, int argument) {
             host.transcript << "sibling " << routine << "(" << argument << ")\n";
@@ -272,15 +272,15 @@ int main(int argc, char** argv)
         CBreakPointListTreeCtrl breakpointView;
         CFuncListTreeCtrl functionView;
         CMessageEditCtrl messageView;
-        ExampleGrid grid;
+        DemoGrid grid;
         grid.log = [&](const std::string& line) { host.transcript << line << "\n"; };
         messageView.SetGotoMode(kGotoSendsMessageViewGoto);
         Slot slots[] = {
-            {ExamplePane(GBK("书签")), &bookmarkView, CRect(4, 4, 376, 204)},
-            {ExamplePane(GBK("断点")), &breakpointView, CRect(380, 4, 754, 204)},
-            {ExamplePane(GBK("函数列表")), &functionView, CRect(4, 208, 256, 464)},
-            {ExamplePane(GBK("消息")), &messageView, CRect(260, 208, 754, 464)},
-            {ExamplePane(GBK("变量")), &grid, CRect(4, 468, 754, 696)},
+            {DemoPane(GBK("书签")), &bookmarkView, CRect(4, 4, 376, 204)},
+            {DemoPane(GBK("断点")), &breakpointView, CRect(380, 4, 754, 204)},
+            {DemoPane(GBK("函数列表")), &functionView, CRect(4, 208, 256, 464)},
+            {DemoPane(GBK("消息")), &messageView, CRect(260, 208, 754, 464)},
+            {DemoPane(GBK("变量")), &grid, CRect(4, 468, 754, 696)},
         };
         slots[0].pane.showMenu = [&](CPoint p) { bookmarkView.ShowMenu(p); };
         slots[1].pane.showMenu = [&](CPoint p) { breakpointView.ShowMenu(p); };
