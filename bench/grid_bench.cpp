@@ -7,6 +7,7 @@
 #include <string>
 
 #include "grid/grid_ctrl.h"
+#include "platform/core/paint.h"
 #include "platform/core/paint_dc.h"
 #include "platform/docking/frame_wnd.h"
 
@@ -89,6 +90,19 @@ void DrawPage(benchmark::State& state)
     for (auto _ : state) fixture.DrawLines(kPageLines);
 }
 BENCHMARK(DrawPage)->Unit(benchmark::kMicrosecond);
+
+// The whole window through the paint pass: header, lines drawn on
+// WM_DRAWITEM, and the uncovered background.
+void PaintWindow(benchmark::State& state)
+{
+    Fixture fixture;
+    for (auto _ : state) {
+        fixture.grid.Invalidate(FALSE);
+        Paint::UpdateAllWindows();
+    }
+    state.counters["lines"] = fixture.grid.GetCountPerPage();
+}
+BENCHMARK(PaintWindow)->Unit(benchmark::kMicrosecond);
 
 // The children exist: each expand counts them, each collapse counts them again.
 void ExpandAndCollapse10000(benchmark::State& state)
