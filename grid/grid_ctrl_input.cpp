@@ -24,7 +24,7 @@ bool IsNumberChar(UINT ch)
 
 BOOL CGridCtrl::PreTranslateMessage(MSG* pMsg)
 {
-    m_ctrlHeld = KeyIsDown(VK_CONTROL);
+    m_ctrlHeld = (static_cast<WORD>(GetKeyState(VK_CONTROL)) >> 8) == 0xFF;
     if (pMsg->message == WM_KEYDOWN) {
         if (CWinThread* thread = AfxGetThread()) {
             if (CWnd* main = thread->GetMainWnd()) main->PreTranslateMessage(pMsg);

@@ -29,7 +29,9 @@ SHORT GetKeyState(int virtualKey)
 {
     if (!ValidKey(virtualKey)) return 0;
     const auto key = static_cast<size_t>(virtualKey);
-    return static_cast<SHORT>((g_down[key] ? 0x8000 : 0) | (g_toggled[key] ? 1 : 0));
+    // As the platform reports it: a key that is down reads 0xFF80 (negative),
+    // the low bit is the toggle state.
+    return static_cast<SHORT>((g_down[key] ? 0xFF80 : 0) | (g_toggled[key] ? 1 : 0));
 }
 
 SHORT GetAsyncKeyState(int virtualKey)
