@@ -13,6 +13,25 @@ AFX_API BOOL SetCursorPos(int x, int y);
 AFX_API SHORT GetKeyState(int virtualKey);
 AFX_API SHORT GetAsyncKeyState(int virtualKey);
 
+inline bool IsKeyDown(int virtualKey)
+{
+    return GetKeyState(virtualKey) < 0;
+}
+
+// One wheel notch, and the lines a notch scrolls.
+constexpr int WHEEL_DELTA = 120;
+constexpr int kWheelScrollLines = 3;
+
+// Whole notches in a wheel delta; partial notches (fine-grained wheels) add up
+// in the remainder until they make a whole one.
+inline int TakeWheelNotches(int& remainder, int delta)
+{
+    remainder += delta;
+    const int notches = remainder / WHEEL_DELTA;
+    remainder -= notches * WHEEL_DELTA;
+    return notches;
+}
+
 namespace InputState {
 // Marks a key up or down (a press toggles the low bit).
 AFX_API void SetKeyDown(int virtualKey, bool down);

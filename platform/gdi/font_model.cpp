@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "platform/gdi/gdi_object.h"
 #include "platform/text/gbk.h"
 
 namespace gdi {
@@ -76,6 +77,17 @@ std::string_view TextOf(const char* text, int length)
 {
     if (!text || length < -1) return {};
     return length == -1 ? std::string_view(text) : std::string_view(text, static_cast<size_t>(length));
+}
+
+HGDIOBJ FontOr(HGDIOBJ font, int stockFont)
+{
+    return Find<FontData>(font) ? font : GetStockObject(stockFont);
+}
+
+FontMetrics MetricsOfHandle(HGDIOBJ font)
+{
+    const FontData* data = Find<FontData>(font);
+    return data ? MetricsOf(*data) : FontMetrics();
 }
 
 }  // namespace gdi

@@ -31,6 +31,10 @@ AFX_API int PixelHeightOf(const LOGFONT& logFont);
 AFX_API int PointTenthsToPixels(int tenths);
 AFX_API FontData MakeFontData(const LOGFONT& logFont);
 AFX_API FontMetrics MetricsOf(const FontData& font);
+// The font a handle names, or the stock font when it names none.
+AFX_API HGDIOBJ FontOr(HGDIOBJ font, int stockFont);
+// Metrics of the font a handle names; the default metrics when it names none.
+AFX_API FontMetrics MetricsOfHandle(HGDIOBJ font);
 // Width of GBK text by the model (no line breaks: '\n' is a character).
 AFX_API int TextWidth(const FontMetrics& metrics, std::string_view text);
 AFX_API void FillTextMetric(const FontData& font, TEXTMETRIC& tm);

@@ -1,5 +1,7 @@
 #include "platform/text/gbk.h"
 
+#include <cstring>
+
 #include <cerrno>
 #include <iconv.h>
 #include <memory>
@@ -42,6 +44,26 @@ int GbkCharLength(std::string_view text, size_t pos)
     if (pos >= text.size()) return 0;
     if (IsDBCSLeadByte(static_cast<unsigned char>(text[pos])) && pos + 1 < text.size() && text[pos + 1] != '\0') return 2;
     return 1;
+}
+
+size_t GbkPrefixBytes(std::string_view text, size_t maxBytes)
+{
+    size_t used = 0;
+    while (used < text.size()) {
+        const size_t bytes = static_cast<size_t>(GbkCharLength(text, used));
+        if (used + bytes > maxBytes) break;
+        used += bytes;
+    }
+    return used;
+}
+
+size_t CopyGbkText(std::string_view text, char* buffer, size_t size)
+{
+    if (!buffer || size == 0) return 0;
+    const size_t used = GbkPrefixBytes(text, size - 1);
+    std::memcpy(buffer, text.data(), used);
+    buffer[used] = '\0';
+    return used;
 }
 
 std::string Utf8ToGbk(std::string_view utf8)

@@ -14,6 +14,13 @@ constexpr bool IsDBCSLeadByte(unsigned char byte) { return byte >= 0x81 && byte 
 // by a trail byte, else 1. A lead byte at the end of the text counts as 1.
 AFX_API int GbkCharLength(std::string_view text, size_t pos);
 
+// Bytes of the longest prefix of whole characters that is at most maxBytes long.
+AFX_API size_t GbkPrefixBytes(std::string_view text, size_t maxBytes);
+
+// Copies the longest whole-character prefix that fits into buffer with its
+// terminator; returns the bytes copied. A null buffer or a size of 0 takes nothing.
+AFX_API size_t CopyGbkText(std::string_view text, char* buffer, size_t size);
+
 // Conversions; characters that have no counterpart become '?'.
 AFX_API std::string Utf8ToGbk(std::string_view utf8);
 AFX_API std::string GbkToUtf8(std::string_view gbk);
