@@ -5,11 +5,11 @@
 #include "host/host_link.h"
 #include "host/resource_ids.h"
 #include "host/show_menu.h"
+#include "host/view_keys.h"
 #include "platform/core/input_state.h"
 #include "platform/core/message_box.h"
 #include "platform/text/compare.h"
 #include "platform/text/gbk.h"
-#include "siblings/orv_project_misc.h"
 
 namespace {
 
@@ -71,13 +71,7 @@ void CFuncListTreeCtrl::UpdateView(const char* file, CFuncSeekItems* list)
     if (!file) return;
     SetRedraw(FALSE);
     // The field holds 255 bytes; a longer path is cut at a character boundary.
-    const std::string_view path(file, strnlen(file, 4096));
-    size_t kept = 0;
-    while (kept < path.size() && kept + static_cast<size_t>(GbkCharLength(path, kept)) < sizeof m_currentFile) {
-        kept += static_cast<size_t>(GbkCharLength(path, kept));
-    }
-    std::memcpy(m_currentFile, path.data(), kept);
-    m_currentFile[kept] = '\0';
+    CopyGbkText(std::string_view(file, strnlen(file, 4096)), m_currentFile, sizeof m_currentFile);
 
     const bool changed = list != m_pList;
     m_pList = list;
@@ -263,26 +257,17 @@ void CFuncListTreeCtrl::OnUpdateFunlistSeek(CCmdUI* pCmdUI)
 
 BOOL CFuncListTreeCtrl::PreTranslateMessage(MSG* pMsg)
 {
-    if (!m_menuLoop && pMsg->message == WM_KEYDOWN) {
-        switch (pMsg->wParam) {
-        case VK_RETURN:
-            SendForLine(UWM_GOTO_SOURCE, GetSelectedItem());
-            return TRUE;
-        case VK_ESCAPE:
-            CleanTerminate(1);
-            return TRUE;
-        case VK_F5:
-            KeyF5RefreshWnd();
-            return TRUE;
-        default:
-            break;
-        }
+    if (!m_menuLoop && pMsg->message == WM_KEYDOWN && pMsg->wParam == VK_RETURN) {
+        SendForLine(UWM_GOTO_SOURCE, GetSelectedItem());
+        return TRUE;
     }
+    if (TakeStopOrRefreshKey(pMsg, m_menuLoop)) return TRUE;
     return CTreeCtrl::PreTranslateMessage(pMsg);
 }
 
 LRESULT CFuncListTreeCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
+    TrackMenuLoop(message, m_menuLoop);
     switch (message) {
     case UWM_REFRESH_VIEW:
         UpdateView(reinterpret_cast<const char*>(wParam), reinterpret_cast<CFuncSeekItems*>(lParam));
@@ -297,12 +282,6 @@ LRESULT CFuncListTreeCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam
         return 0;
     case UWM_DOCK_FONT_CHANGED:
         return 0;
-    case WM_ENTERMENULOOP:
-        m_menuLoop = 1;
-        break;
-    case WM_EXITMENULOOP:
-        m_menuLoop = 0;
-        break;
     default:
         break;
     }

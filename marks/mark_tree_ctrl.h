@@ -13,10 +13,12 @@
 #include "host/host_link.h"
 #include "host/resource_ids.h"
 #include "host/show_menu.h"
+#include "host/view_keys.h"
 #include "marks/mark_lists.h"
 #include "platform/controls/tree_ctrl.h"
 #include "platform/core/input_state.h"
 #include "platform/gdi/image_list.h"
+#include "platform/text/field_text.h"
 #include "siblings/orv_project_misc.h"
 
 // Position texts shorter than this many bytes are padded with spaces, so that
@@ -60,16 +62,7 @@ public:
     // Esc stops and F5 refreshes, except while a menu loop runs.
     BOOL PreTranslateMessage(MSG* pMsg) override
     {
-        if (!m_menuLoop && pMsg->message == WM_KEYDOWN) {
-            if (pMsg->wParam == VK_ESCAPE) {
-                CleanTerminate(1);
-                return TRUE;
-            }
-            if (pMsg->wParam == VK_F5) {
-                KeyF5RefreshWnd();
-                return TRUE;
-            }
-        }
+        if (TakeStopOrRefreshKey(pMsg, m_menuLoop)) return TRUE;
         return CTreeCtrl::PreTranslateMessage(pMsg);
     }
 
@@ -80,13 +73,8 @@ public:
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
     {
+        TrackMenuLoop(message, m_menuLoop);
         switch (message) {
-        case WM_EXITMENULOOP:
-            m_menuLoop = 0;
-            break;
-        case WM_ENTERMENULOOP:
-            m_menuLoop = 1;
-            break;
         case UWM_DOCK_FONT_CHANGED:
             if (Traits::kSwallowsFontChange) return 0;
             break;
@@ -163,7 +151,7 @@ protected:
         text.Format(kMarkPositionFormat, relative, item->line);
         if (text.GetLength() < kMarkPositionWidth) text += CString(' ', kMarkPositionWidth - text.GetLength());
         // The host may fill the whole field without a terminator.
-        text += CString(item->text, static_cast<int>(strnlen(item->text, sizeof item->text)));
+        text += CString(FieldText(item->text));
         return text;
     }
 

@@ -6,7 +6,9 @@
 #include "host/host_link.h"
 #include "host/resource_ids.h"
 #include "host/show_menu.h"
+#include "host/view_keys.h"
 #include "platform/controls/edit.h"
+#include "platform/text/field_text.h"
 #include "siblings/orv_project_misc.h"
 
 namespace {
@@ -15,13 +17,6 @@ constexpr char kOwnFontFace[] = "\xCB\xCE\xCC\xE5";  // 宋体
 constexpr int kOwnFontTenths = 90;
 constexpr DWORD kMessageViewStyles = WS_VISIBLE | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE | ES_AUTOVSCROLL |
                                      ES_AUTOHSCROLL | ES_NOHIDESEL | ES_READONLY;
-
-// A field the host may have filled to the brim: its text up to the first NUL
-// or the end of the field.
-CString FieldText(const char* field, size_t size)
-{
-    return CString(field, static_cast<int>(strnlen(field, size)));
-}
 
 }  // namespace
 
@@ -110,7 +105,7 @@ void CMessageEditCtrl::UpdateText(MessageTextAction action, int index)
         if (m_records.empty()) return;
         const MessageLineRecord& record = m_records.back();
         const int level = std::clamp(record.level, 0, kMaxIndentLevel);
-        const CString line = CString(' ', kBlanksPerLevel * level) + FieldText(record.text, sizeof record.text);
+        const CString line = CString(' ', kBlanksPerLevel * level) + CString(FieldText(record.text));
         SetFont(&m_font, TRUE);
         long end = GetTextLength();
         SetSel(end, end);
@@ -126,7 +121,7 @@ void CMessageEditCtrl::UpdateText(MessageTextAction action, int index)
         const MessageLineRecord& record = m_records.front();
         SetFont(&m_font, TRUE);
         SetSel(0, 0);
-        ReplaceSel(FieldText(record.text, sizeof record.text), FALSE);
+        ReplaceSel(CString(FieldText(record.text)), FALSE);
         SetSel(0, 0);
         Repaint();
         return;
@@ -261,21 +256,13 @@ void CMessageEditCtrl::OnMessageStop() { CleanTerminate(1); }
 
 BOOL CMessageEditCtrl::PreTranslateMessage(MSG* pMsg)
 {
-    if (!m_menuLoop && pMsg->message == WM_KEYDOWN) {
-        if (pMsg->wParam == VK_ESCAPE) {
-            CleanTerminate(1);
-            return TRUE;
-        }
-        if (pMsg->wParam == VK_F5) {
-            KeyF5RefreshWnd();
-            return TRUE;
-        }
-    }
+    if (TakeStopOrRefreshKey(pMsg, m_menuLoop)) return TRUE;
     return CRichEditCtrl::PreTranslateMessage(pMsg);
 }
 
 LRESULT CMessageEditCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
+    TrackMenuLoop(message, m_menuLoop);
     switch (message) {
     case UWM_MSGVIEW_APPEND:
         m_startNew = wParam == 0;
@@ -293,12 +280,6 @@ LRESULT CMessageEditCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         break;
     case WM_KEYDOWN:
         if (wParam == VK_ESCAPE) return 0;  // never reaches the text control
-        break;
-    case WM_ENTERMENULOOP:
-        m_menuLoop = 1;
-        break;
-    case WM_EXITMENULOOP:
-        m_menuLoop = 0;
         break;
     default:
         break;
