@@ -1,6 +1,7 @@
 #include "grid/grid_ctrl.h"
 
 #include "platform/core/paint_dc.h"
+#include "platform/gdi/icon.h"
 #include "platform/gdi/sys_color.h"
 
 namespace {
@@ -47,6 +48,8 @@ CGridCtrl::CGridCtrl()
     m_colours[kCurrentBackNoFocus] = GetSysColor(COLOR_INACTIVECAPTION);
     m_colours[kNormalText] = RGB(0, 0, 0);
     m_colours[kChangedText] = RGB(255, 0, 0);
+    m_treePen.CreatePen(PS_SOLID, 1, m_colours[kTreeLine]);
+    m_treeBrush.CreateSolidBrush(m_colours[kTreeLine]);
 }
 
 CGridCtrl::~CGridCtrl()
@@ -54,6 +57,9 @@ CGridCtrl::~CGridCtrl()
     // The editors are children of the grid: gone with its window, before the rows.
     if (GetSafeHwnd()) DestroyWindow();
     m_rows.DeleteAll();
+    for (HICON icon : m_formatIcons) {
+        if (icon) DestroyIcon(icon);
+    }
 }
 
 int CGridCtrl::OnCreate(LPCREATESTRUCT)
@@ -234,9 +240,4 @@ void CGridCtrl::InvalidateItem(int nItem)
 {
     CRect bounds;
     if (nItem >= 0 && GetItemRect(nItem, &bounds, LVIR_BOUNDS)) InvalidateRect(&bounds, FALSE);
-}
-
-BOOL CGridCtrl::IsCurrentCell(int nItem, int nCol) const
-{
-    return nItem != -1 && nItem == GetSelectedItem() && nCol == m_currentColumn;
 }

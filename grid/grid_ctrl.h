@@ -11,12 +11,15 @@
 #include <cstdint>
 
 #include "grid/grid_editors.h"
+#include "grid/grid_line_geometry.h"
 #include "grid/grid_row.h"
 #include "host/host_messages.h"
 #include "platform/docking/bcgp_list_ctrl.h"
 #include "platform/gdi/bitmap.h"
 #include "platform/gdi/dc.h"
+#include "platform/gdi/brush.h"
 #include "platform/gdi/font.h"
+#include "platform/gdi/pen.h"
 
 // Sent by the grid to its own window when Ctrl+M is typed.
 constexpr UINT ID_GRID_SHOW_IN_MEMORY = 32994;
@@ -101,11 +104,11 @@ protected:
     void OnComboKillFocus();
 
     void ToggleEdit();
+    bool EditorOpen() const;
     void StartBoxEdit(BOOL bInitText);
     void StartListEdit(BOOL bSetSel);
     void EndBoxEdit();
     void EndListEdit();
-    BOOL IsCurrentCell(int nItem, int nCol) const;
     int HitTestColumn(CPoint point);
     // Whether the point lies in the expand zone of the item's line.
     bool InExpandZone(int nItem, CPoint point);
@@ -120,18 +123,17 @@ private:
     bool IsPlaceholderOrEmpty(const CGridRow* row) const;
 
     // Drawing, one line at a time into the memory DC.
-    struct LineGeometry;
-    LineGeometry Geometry();
-    void DrawLine(int nItem, const LineGeometry& g, const CRect& screen, CDC* target);
-    void DrawColumn0(int nItem, CGridRow* row, const LineGeometry& g);
-    void DrawCell(int nItem, CGridRow* row, int c, const LineGeometry& g);
-    CRect ColumnRect(int c, const LineGeometry& g);
+    GridLineGeometry Geometry();
+    void DrawLine(int nItem, const GridLineGeometry& g, const CRect& screen, CDC* target);
+    void DrawColumn0(CGridRow* row, bool current, const GridLineGeometry& g);
+    void DrawCell(CGridRow* row, int c, bool current, const GridLineGeometry& g);
+    CRect ColumnRect(int c, const GridLineGeometry& g);
     void ApplyCellColours(const CRect& r, bool current);
-    void DrawCellText(CRect r, const char* text, bool changed);
+    void DrawCellText(CRect r, std::string_view text, bool changed);
     void DrawCellIcon(CRect r, std::uint32_t value, bool current);
-    CRect ExpandBox(int level, const LineGeometry& g) const;
+    HICON FormatIcon(std::uint32_t value);
     void DrawExpandBox(CGridRow* row, const CRect& box);
-    void DrawTreeLines(CGridRow* row, int level, const LineGeometry& g);
+    void DrawTreeLines(CGridRow* row, int level, const GridLineGeometry& g);
 
     BOOL m_gridLines = FALSE;
     CFont m_font;
@@ -142,5 +144,10 @@ private:
     int m_currentColumn = 0;
     CGridRowArray m_rows;
     std::array<COLORREF, kColourCount> m_colours{};
+    // Tree lines and expand boxes, in the tree-line colour.
+    CPen m_treePen;
+    CBrush m_treeBrush;
+    // Format icons by cell value (0, 1, 2, other), loaded on first use.
+    std::array<HICON, 4> m_formatIcons{};
     BOOL m_ctrlHeld = FALSE;
 };

@@ -1,19 +1,8 @@
 // Opening and closing the in-place editors over the current cell, and the
 // rules that decide whether what was entered is committed.
-#include <cstring>
-
 #include "grid/grid_ctrl.h"
 #include "host/resource_ids.h"
-
-namespace {
-
-// A cell text is 256 bytes; one without a terminator is read up to its end.
-CString CellText(const GridCell& cell)
-{
-    return CString(cell.text, static_cast<int>(strnlen(cell.text, sizeof cell.text)));
-}
-
-}  // namespace
+#include "platform/text/field_text.h"
 
 std::uint32_t CGridCtrl::CurrentCellKind()
 {
@@ -45,17 +34,13 @@ void CGridCtrl::StartBoxEdit(BOOL bInitText)
     const int item = GetSelectedItem();
     CGridRow* row = item == -1 ? nullptr : GetRowAt(item);
     if (!row) return;
-    CRect first;
     CRect bounds;
     CRect label;
-    GetItemRect(0, &first, LVIR_BOUNDS);
     GetItemRect(item, &bounds, LVIR_BOUNDS);
     GetSubItemRect(item, m_currentColumn, LVIR_LABEL, label);
-    const int unit = first.Height() / 4 + 4;
     CRect box(label.left, bounds.top, label.right, bounds.bottom);
     if (m_currentColumn == 0) {
-        // Where column 0's text begins, past the indentation and the expand box.
-        box.left = unit * (row->Level() + 1) + 2 * (unit / 2);
+        box.left = Geometry().TextLeft(row->Level());
     } else if (m_gridLines) {
         --box.left;
     }
@@ -68,7 +53,7 @@ void CGridCtrl::StartBoxEdit(BOOL bInitText)
         if (m_currentColumn == 0) {
             if (!IsPlaceholderOrEmpty(row)) text = row->text;
         } else if (cell) {
-            text = CellText(*cell);
+            text = FieldText(cell->text);
         }
         m_edit.SetWindowText(text);
         m_edit.SetSel(0, -1);
@@ -96,9 +81,15 @@ void CGridCtrl::StartListEdit(BOOL bSetSel)
     }
 }
 
+bool CGridCtrl::EditorOpen() const
+{
+    return m_edit.IsWindowVisible() || m_combo.IsWindowVisible();
+}
+
 void CGridCtrl::EndEdit()
 {
-    if (!GetSelectedRow()) return;
+    // Scrolling and clicks end editing; with no editor open there is nothing to look up.
+    if (!EditorOpen() || !GetSelectedRow()) return;
     const std::uint32_t kind = CurrentCellKind();
     if (kind & (GCF_TEXT_EDIT | GCF_NUMBER_EDIT)) {
         EndBoxEdit();

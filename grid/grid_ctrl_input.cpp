@@ -56,7 +56,7 @@ BOOL CGridCtrl::PreTranslateMessage(MSG* pMsg)
 
 void CGridCtrl::ToggleEdit()
 {
-    if (m_edit.IsWindowVisible() || m_combo.IsWindowVisible()) {
+    if (EditorOpen()) {
         EndEdit();
     } else {
         StartEdit(TRUE);
@@ -139,13 +139,10 @@ int CGridCtrl::HitTestColumn(CPoint point)
 
 bool CGridCtrl::InExpandZone(int nItem, CPoint point)
 {
-    CRect first;
     CRect bounds;
     const CGridRow* row = GetRowAt(nItem);
-    if (!row || !GetItemRect(0, &first, LVIR_BOUNDS) || !GetItemRect(nItem, &bounds, LVIR_BOUNDS)) return false;
-    const int unit = first.Height() / 4 + 4;
-    const int left = bounds.left + unit * row->Level();
-    return point.x >= left && point.x < left + unit + unit / 2 && point.y >= bounds.top && point.y < bounds.bottom;
+    if (!row || !GetItemRect(nItem, &bounds, LVIR_BOUNDS)) return false;
+    return point.y >= bounds.top && point.y < bounds.bottom && Geometry().InExpandZone(row->Level(), point.x);
 }
 
 void CGridCtrl::OnLButtonDown(UINT, CPoint point)

@@ -12,7 +12,7 @@
 #include "platform/gdi/brush.h"
 #include "platform/gdi/icon.h"
 #include "platform/gdi/pen.h"
-#include "platform/text/gbk.h"
+#include "platform/text/field_text.h"
 
 namespace {
 
@@ -26,37 +26,23 @@ constexpr unsigned kUnknownFormatIcon = 3;
 // Expand box strokes stop this far inside the box.
 constexpr int kStrokeInset = 2;
 
-unsigned IconFor(std::uint32_t value)
+// Resource of the icon for a cell value; the cache keeps them by this index.
+constexpr unsigned kFormatIconIds[] = {IDI_FORMAT_BIN, IDI_FORMAT_DEC, IDI_FORMAT_HEX, kUnknownFormatIcon};
+
+size_t IconIndexFor(std::uint32_t value)
 {
-    switch (value) {
-    case 0: return IDI_FORMAT_BIN;
-    case 1: return IDI_FORMAT_DEC;
-    case 2: return IDI_FORMAT_HEX;
-    default: return kUnknownFormatIcon;
-    }
+    return std::min<size_t>(value, 3);
 }
 
 }  // namespace
 
-struct CGridCtrl::LineGeometry {
-    CRect first;   // bounds of item 0
-    CRect client;
-    CRect buffer;  // list's horizontal coordinates, line top at 0
-    int height = 0;
-    int unit = 0;     // U: indentation step and expand box size
-    int quarter = 0;  // Q: top of the expand box
-};
-
-CGridCtrl::LineGeometry CGridCtrl::Geometry()
+GridLineGeometry CGridCtrl::Geometry()
 {
-    LineGeometry g;
-    GetItemRect(0, &g.first, LVIR_BOUNDS);
-    GetClientRect(&g.client);
-    g.height = g.first.Height();
-    g.unit = g.height / 4 + 4;
-    g.quarter = g.height / 4;
-    g.buffer = CRect(g.first.left, 0, std::max(g.first.right, g.client.right), g.height);
-    return g;
+    CRect first;
+    CRect client;
+    GetItemRect(0, &first, LVIR_BOUNDS);
+    GetClientRect(&client);
+    return GridLineGeometry(first, client);
 }
 
 void CGridCtrl::MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct)
@@ -76,7 +62,7 @@ void CGridCtrl::DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct)
     CDC* target = CDC::FromHandle(lpDrawItemStruct->hDC);
     if (!target) return;
     const int item = static_cast<int>(lpDrawItemStruct->itemID);
-    const LineGeometry g = Geometry();
+    const GridLineGeometry g = Geometry();
     m_rowBitmap.DeleteObject();
     m_rowBitmap.CreateCompatibleBitmap(target, g.buffer.Width() + 1, g.height + 1);
     CBitmap* oldBitmap = m_memDC.SelectObject(&m_rowBitmap);
@@ -94,19 +80,21 @@ void CGridCtrl::DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct)
     m_memDC.SelectObject(oldBitmap);
 }
 
-void CGridCtrl::DrawLine(int nItem, const LineGeometry& g, const CRect& screen, CDC* target)
+void CGridCtrl::DrawLine(int nItem, const GridLineGeometry& g, const CRect& screen, CDC* target)
 {
     m_memDC.FillSolidRect(&g.buffer, m_colours[kBackground]);
     m_memDC.SetBkColor(m_colours[kBackground]);
     if (CGridRow* row = GetRowAt(nItem)) {
-        DrawColumn0(nItem, row, g);
+        // The current cell is on this line when the line is the selected one.
+        const int currentColumn = nItem == GetSelectedItem() ? m_currentColumn : -1;
+        DrawColumn0(row, currentColumn == 0, g);
         const int columns = std::min(ColumnCount(), kGridMaxCells);
-        for (int c = 1; c < columns; ++c) DrawCell(nItem, row, c, g);
+        for (int c = 1; c < columns; ++c) DrawCell(row, c, currentColumn == c, g);
     }
     target->BitBlt(screen.left, screen.top, screen.Width(), screen.Height(), &m_memDC, screen.left, 0, SRCCOPY);
 }
 
-CRect CGridCtrl::ColumnRect(int c, const LineGeometry& g)
+CRect CGridCtrl::ColumnRect(int c, const GridLineGeometry& g)
 {
     CRect r;
     GetSubItemRect(0, c, LVIR_LABEL, r);
@@ -118,12 +106,6 @@ CRect CGridCtrl::ColumnRect(int c, const LineGeometry& g)
         --r.left;  // neighbouring borders overlap
     }
     return r;
-}
-
-CRect CGridCtrl::ExpandBox(int level, const LineGeometry& g) const
-{
-    const int left = g.first.left + g.unit * level + g.unit / 2;
-    return CRect(left, g.quarter, left + g.unit, g.quarter + g.unit);
 }
 
 void CGridCtrl::ApplyCellColours(const CRect& r, bool current)
@@ -139,41 +121,35 @@ void CGridCtrl::ApplyCellColours(const CRect& r, bool current)
     }
 }
 
-void CGridCtrl::DrawColumn0(int nItem, CGridRow* row, const LineGeometry& g)
+void CGridCtrl::DrawColumn0(CGridRow* row, bool current, const GridLineGeometry& g)
 {
     const CRect column = ColumnRect(0, g);
     if (m_gridLines) m_memDC.Rectangle(&column);
     const int level = row->Level();
     CRect text = column;
-    text.left += g.unit * (level + 1) + g.unit / 2 + g.unit / 2;
-    const bool current = IsCurrentCell(nItem, 0) && row->cells[0].kind != GCF_ICON;
-    ApplyCellColours(text, current);
-    DrawCellText(text, row->text, false);
-    if (row->HasChildren()) {
-        DrawExpandBox(row, ExpandBox(level, g));
-        DrawTreeLines(row, level, g);
-    } else if (level > 0) {
-        DrawTreeLines(row, level, g);
-    }
+    text.left += g.TextLeft(level);
+    ApplyCellColours(text, current && row->cells[0].kind != GCF_ICON);
+    DrawCellText(text, static_cast<const char*>(row->text), false);
+    if (row->HasChildren()) DrawExpandBox(row, g.ExpandBox(level));
+    // A top-level row without children has no lines.
+    if (row->HasChildren() || level > 0) DrawTreeLines(row, level, g);
 }
 
-void CGridCtrl::DrawCell(int nItem, CGridRow* row, int c, const LineGeometry& g)
+void CGridCtrl::DrawCell(CGridRow* row, int c, bool current, const GridLineGeometry& g)
 {
     const CRect r = ColumnRect(c, g);
     if (m_gridLines) m_memDC.Rectangle(&r);
     const GridCell& cell = row->cells[c];
-    const bool current = IsCurrentCell(nItem, c);
     // An icon-only cell shows just its focus rectangle.
     ApplyCellColours(r, current && cell.kind != GCF_ICON);
     if (cell.kind & GCF_ICON) {
         DrawCellIcon(r, cell.value, current);
         return;
     }
-    const std::string text(cell.text, strnlen(cell.text, sizeof cell.text));
-    DrawCellText(r, text.c_str(), c == 1 && row->changed);
+    DrawCellText(r, FieldText(cell.text), c == 1 && row->changed);
 }
 
-void CGridCtrl::DrawCellText(CRect r, const char* text, bool changed)
+void CGridCtrl::DrawCellText(CRect r, std::string_view text, bool changed)
 {
     if (changed) m_memDC.SetTextColor(m_colours[kChangedText]);
     const CString s = FitCellText(m_memDC, text, r.Width());
@@ -181,12 +157,19 @@ void CGridCtrl::DrawCellText(CRect r, const char* text, bool changed)
     m_memDC.DrawText(s, &r, kCellTextFormat);
 }
 
+HICON CGridCtrl::FormatIcon(std::uint32_t value)
+{
+    // Loaded once; a missing one is looked for again, as the host may add it later.
+    HICON& icon = m_formatIcons[IconIndexFor(value)];
+    if (!icon) icon = LoadIconFromChain(kFormatIconIds[IconIndexFor(value)], kIconSize, kIconSize);
+    return icon;
+}
+
 void CGridCtrl::DrawCellIcon(CRect r, std::uint32_t value, bool current)
 {
-    if (HICON icon = LoadIconFromChain(IconFor(value), kIconSize, kIconSize)) {
+    if (HICON icon = FormatIcon(value)) {
         m_memDC.DrawIconEx(r.left + r.Width() / 2 - kIconSize / 2, r.top + kIconTop, icon, kIconSize, kIconSize, 0, nullptr,
                            DI_NORMAL);
-        DestroyIcon(icon);
     }
     if (current) {
         r.DeflateRect(1, 1);
@@ -196,10 +179,8 @@ void CGridCtrl::DrawCellIcon(CRect r, std::uint32_t value, bool current)
 
 void CGridCtrl::DrawExpandBox(CGridRow* row, const CRect& box)
 {
-    CBrush frame(m_colours[kTreeLine]);
-    m_memDC.FrameRect(&box, &frame);
-    CPen pen(PS_SOLID, 1, m_colours[kTreeLine]);
-    CPen* old = m_memDC.SelectObject(&pen);
+    m_memDC.FrameRect(&box, &m_treeBrush);
+    CPen* old = m_memDC.SelectObject(&m_treePen);
     const int midY = box.top + box.Height() / 2;
     m_memDC.MoveTo(box.left + kStrokeInset, midY);
     m_memDC.LineTo(box.right - kStrokeInset, midY);
@@ -214,16 +195,15 @@ void CGridCtrl::DrawExpandBox(CGridRow* row, const CRect& box)
 // Connectors of a row: to its parent's box, down towards its children, and
 // the lines of ancestors that have further siblings below. The walk up goes
 // past ancestors without a next sibling, so every open branch keeps its line.
-void CGridCtrl::DrawTreeLines(CGridRow* row, int level, const LineGeometry& g)
+void CGridCtrl::DrawTreeLines(CGridRow* row, int level, const GridLineGeometry& g)
 {
-    CPen pen(PS_SOLID, 1, m_colours[kTreeLine]);
-    CPen* old = m_memDC.SelectObject(&pen);
+    CPen* old = m_memDC.SelectObject(&m_treePen);
     const int half = g.unit / 2;
-    const CRect box = ExpandBox(level, g);
+    const CRect box = g.ExpandBox(level);
     const int xb = box.left + half;
     const int yb = box.top + half;
     if (level > 0) {
-        const int xp = ExpandBox(level - 1, g).left + half;
+        const int xp = g.ExpandBox(level - 1).left + half;
         m_memDC.MoveTo(xp, yb);
         m_memDC.LineTo(row->HasChildren() ? box.left : xb, yb);
         m_memDC.MoveTo(xp, 0);
@@ -235,7 +215,7 @@ void CGridCtrl::DrawTreeLines(CGridRow* row, int level, const LineGeometry& g)
     }
     for (const CGridRow* ancestor = row->parent; ancestor && ancestor->Level() >= 1; ancestor = ancestor->parent) {
         if (!ancestor->next) continue;
-        const int x = ExpandBox(ancestor->Level() - 1, g).left + half;
+        const int x = g.ExpandBox(ancestor->Level() - 1).left + half;
         m_memDC.MoveTo(x, 0);
         m_memDC.LineTo(x, g.height);
     }

@@ -3,18 +3,6 @@
 #include <algorithm>
 #include <cstring>
 
-namespace {
-
-void FreeRow(CGridRow* row)
-{
-    if (!row) return;
-    delete row->record;
-    row->record = nullptr;
-    delete row;
-}
-
-}  // namespace
-
 // ---------------------------------------------------------------- row
 
 CGridRow::CGridRow()
@@ -22,7 +10,10 @@ CGridRow::CGridRow()
     Reset();
 }
 
-CGridRow::~CGridRow() = default;
+CGridRow::~CGridRow()
+{
+    delete record;
+}
 
 CGridRow::CGridRow(const CGridRow& other)
 {
@@ -136,14 +127,14 @@ void CGridRowArray::DeleteRows(int index, int count)
     for (int i = index + n - 1; i >= index; --i) {
         CGridRow* row = GetRow(i);
         RemoveRow(i);
-        FreeRow(row);
+        delete row;
     }
 }
 
 void CGridRowArray::DeleteAll()
 {
     // Freed last to first so that no row is left linked to a freed neighbour.
-    for (int i = GetSize() - 1; i >= 0; --i) FreeRow(GetRow(i));
+    for (int i = GetSize() - 1; i >= 0; --i) delete GetRow(i);
     RemoveAll();
 }
 

@@ -94,6 +94,7 @@ public:
     GridCell cells[kGridMaxCells];
     CString text;
     BOOL changed = FALSE;
+    // Owned: freed with the row, copied with it.
     GridRowRecord* record = nullptr;
     CGridRowArray children;
     std::uint32_t format = kGridDefaultFormat;

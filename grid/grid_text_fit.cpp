@@ -7,13 +7,12 @@
 
 // Cuts the text to the longest prefix that fits, followed by a period. A
 // double-byte character at the cut goes whole, so no lone lead byte is drawn.
-CString FitCellText(CDC& dc, std::string_view view, int width)
+CString FitCellText(CDC& dc, std::string_view text, int width)
 {
-    const std::string text(view);
-    const auto fits = [&](const std::string& candidate) {
+    const auto fits = [&](std::string_view candidate) {
         return dc.GetTextExtent(candidate.data(), static_cast<int>(candidate.size())).cx + kGridTextPad < width;
     };
-    if (text.empty() || fits(text)) return CString(view);
+    if (text.empty() || fits(text)) return CString(text);
     // Candidate prefixes end on a character boundary and leave room for the
     // period: at most all but two bytes, or all but one of a text of two bytes
     // or less (which is cut once, whether it fits or not).
@@ -25,7 +24,7 @@ CString FitCellText(CDC& dc, std::string_view view, int width)
         cuts.push_back(pos);
     }
     if (cuts.empty()) cuts.push_back(0);  // only a period is left
-    const auto withPeriod = [&](size_t n) { return text.substr(0, n) + "."; };
+    const auto withPeriod = [&](size_t n) { return std::string(text.substr(0, n)) + "."; };
     if (text.size() <= 2) {
         return CString(withPeriod(cuts.back()));
     }

@@ -145,9 +145,6 @@ TEST(GridRow, CopyIsDeepWithOwnRecordAndReparentedChildren)
     EXPECT_EQ(copiedChild->children.GetRow(0)->parent, copiedChild);
     EXPECT_EQ(copiedChild->children.GetRow(0)->Level(), 3);
     EXPECT_EQ(copy.prev, nullptr);  // links are not copied
-
-    delete source.record;
-    delete copy.record;
 }
 
 TEST(GridRow, CellSettersAndBadInput)
