@@ -286,13 +286,12 @@ int main(int argc, char** argv)
         slots[1].pane.showMenu = [&](CPoint p) { breakpointView.ShowMenu(p); };
         slots[2].pane.showMenu = [&](CPoint p) { functionView.ShowMenu(p); };
         slots[3].pane.showMenu = [&](CPoint p) { messageView.ShowMenu(p); };
-        bool created = true;
         for (Slot& slot : slots) {
             slot.pane.view = slot.view;
             // The panes get their size once docked, after their views exist.
             slot.pane.Create(nullptr, "pane", WS_VISIBLE, CRect(0, 0, 0, 0), &host, 0);
         }
-        created = bookmarkView.Create(&slots[0].pane) && breakpointView.Create(&slots[1].pane) &&
+        const bool created = bookmarkView.Create(&slots[0].pane) && breakpointView.Create(&slots[1].pane) &&
                   functionView.Create(&slots[2].pane) && messageView.Create(&slots[3].pane) && grid.Create(&slots[4].pane);
         if (!created) {
             std::fprintf(stderr, "cannot create the views\n");

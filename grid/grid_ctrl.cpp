@@ -1,5 +1,6 @@
 #include "grid/grid_ctrl.h"
 
+#include "host/view_font.h"
 #include "platform/core/paint_dc.h"
 #include "platform/gdi/icon.h"
 #include "platform/gdi/sys_color.h"
@@ -12,10 +13,6 @@ constexpr DWORD kComboStyle = WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | 
 static_assert(kEditStyle == 0x50800080 && kComboStyle == 0x50210103);
 // The drop-down list is created 100 pixels high; showing it moves it over a cell.
 constexpr int kComboCreateHeight = 100;
-
-// The grid font: 9 points "宋体".
-constexpr int kGridFontPoints = 90;
-constexpr char kGridFontFace[] = "\xCB\xCE\xCC\xE5";
 
 // Items of the format list, sorted as they are added.
 constexpr const char* kFormatNames[] = {"BIN", "DEC", "HEX"};
@@ -72,7 +69,7 @@ int CGridCtrl::OnCreate(LPCREATESTRUCT)
     for (const char* name : kFormatNames) m_combo.AddString(name);
     CClientDC dc(this);
     m_memDC.CreateCompatibleDC(&dc);
-    m_font.CreatePointFont(kGridFontPoints, kGridFontFace);
+    m_font.CreatePointFont(kViewFontTenths, kViewFontFace);
     return 0;
 }
 

@@ -4,14 +4,6 @@
 
 namespace {
 
-// Tells the window the editor came from that the focus went elsewhere.
-void ReportFocusLoss(CWnd* previous, CWnd* next, BOOL& modified, WPARAM fromEditBox)
-{
-    if (!previous || next == previous) return;
-    modified = TRUE;
-    previous->SendMessage(UWM_EDITOR_KILLFOCUS, fromEditBox, 0);
-}
-
 // Enter accepts, Escape cancels; both are consumed.
 template <class Editor>
 bool TakeEditorKey(Editor& editor, const MSG* pMsg)
@@ -35,6 +27,32 @@ void FocusBack(CWnd* previous)
 
 }  // namespace
 
+void GridEditorState::Accept()
+{
+    modified = TRUE;
+    FocusBack(previousFocus);
+}
+
+void GridEditorState::Cancel()
+{
+    modified = FALSE;
+    FocusBack(previousFocus);
+}
+
+BOOL GridEditorState::TestAndClear()
+{
+    const BOOL was = modified;
+    modified = FALSE;
+    return was;
+}
+
+void GridEditorState::FocusLost(CWnd* next, WPARAM fromEditBox)
+{
+    if (!previousFocus || next == previousFocus) return;
+    modified = TRUE;
+    previousFocus->SendMessage(UWM_EDITOR_KILLFOCUS, fromEditBox, 0);
+}
+
 // ---------------------------------------------------------------- edit box
 
 BEGIN_MESSAGE_MAP(CGridEdit, CEdit)
@@ -55,38 +73,34 @@ BOOL CGridEdit::PreTranslateMessage(MSG* pMsg)
 
 void CGridEdit::AcceptEdit()
 {
-    m_modified = TRUE;
-    FocusBack(m_pPrevFocus);
+    m_state.Accept();
 }
 
 void CGridEdit::CancelEdit()
 {
-    m_modified = FALSE;
-    FocusBack(m_pPrevFocus);
+    m_state.Cancel();
 }
 
 BOOL CGridEdit::TestAndClearModified()
 {
-    const BOOL modified = m_modified;
-    m_modified = FALSE;
-    return modified;
+    return m_state.TestAndClear();
 }
 
 void CGridEdit::OnSetFocus(CWnd* pOldWnd)
 {
     Default();
-    m_pPrevFocus = pOldWnd;
+    m_state.previousFocus = pOldWnd;
 }
 
 void CGridEdit::OnKillFocus(CWnd* pNewWnd)
 {
-    ReportFocusLoss(m_pPrevFocus, pNewWnd, m_modified, 1);
+    m_state.FocusLost(pNewWnd, 1);
     Default();
 }
 
 void CGridEdit::OnChange()
 {
-    m_modified = TRUE;
+    m_state.modified = TRUE;
 }
 
 // ---------------------------------------------------------------- drop-down list
@@ -109,32 +123,28 @@ BOOL CGridComboBox::PreTranslateMessage(MSG* pMsg)
 
 void CGridComboBox::AcceptEdit()
 {
-    m_modified = TRUE;
-    FocusBack(m_pPrevFocus);
+    m_state.Accept();
 }
 
 void CGridComboBox::CancelEdit()
 {
-    m_modified = FALSE;
-    FocusBack(m_pPrevFocus);
+    m_state.Cancel();
 }
 
 BOOL CGridComboBox::TestAndClearModified()
 {
-    const BOOL modified = m_modified;
-    m_modified = FALSE;
-    return modified;
+    return m_state.TestAndClear();
 }
 
 void CGridComboBox::OnSetFocus(CWnd* pOldWnd)
 {
     Default();
-    m_pPrevFocus = pOldWnd;
+    m_state.previousFocus = pOldWnd;
 }
 
 void CGridComboBox::OnKillFocus(CWnd* pNewWnd)
 {
-    ReportFocusLoss(m_pPrevFocus, pNewWnd, m_modified, 0);
+    m_state.FocusLost(pNewWnd, 0);
     Default();
 }
 

@@ -11,6 +11,21 @@
 constexpr UINT kGridEditId = 1020;
 constexpr UINT kGridComboId = 1021;
 
+// What both editors keep: the window the focus came from (normally the grid),
+// and whether what was entered is to be committed.
+struct GridEditorState {
+    CWnd* previousFocus = nullptr;
+    BOOL modified = FALSE;
+
+    // Set or clear the flag, then give the focus back.
+    void Accept();
+    void Cancel();
+    BOOL TestAndClear();
+    // The focus went to `next`: if that is not where it came from, the entry
+    // counts as modified and that window hears of it.
+    void FocusLost(CWnd* next, WPARAM fromEditBox);
+};
+
 class AFX_EXT_CLASS CGridEdit : public CEdit {
 public:
     CGridEdit();
@@ -21,7 +36,7 @@ public:
     virtual void CancelEdit();
     // The modified flag, cleared on the way.
     BOOL TestAndClearModified();
-    BOOL IsModified() const { return m_modified; }
+    BOOL IsModified() const { return m_state.modified; }
 
 protected:
     DECLARE_MESSAGE_MAP()
@@ -30,8 +45,7 @@ protected:
     void OnChange();
 
 private:
-    CWnd* m_pPrevFocus = nullptr;
-    BOOL m_modified = FALSE;
+    GridEditorState m_state;
 };
 
 class AFX_EXT_CLASS CGridComboBox : public CComboBox {
@@ -51,6 +65,5 @@ protected:
     void OnSelChange();
 
 private:
-    CWnd* m_pPrevFocus = nullptr;
-    BOOL m_modified = FALSE;
+    GridEditorState m_state;
 };

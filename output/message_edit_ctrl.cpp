@@ -6,6 +6,7 @@
 #include "host/host_link.h"
 #include "host/resource_ids.h"
 #include "host/show_menu.h"
+#include "host/view_font.h"
 #include "host/view_keys.h"
 #include "platform/controls/edit.h"
 #include "platform/text/field_text.h"
@@ -13,8 +14,6 @@
 
 namespace {
 
-constexpr char kOwnFontFace[] = "\xCB\xCE\xCC\xE5";  // 宋体
-constexpr int kOwnFontTenths = 90;
 constexpr DWORD kMessageViewStyles = WS_VISIBLE | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE | ES_AUTOVSCROLL |
                                      ES_AUTOHSCROLL | ES_NOHIDESEL | ES_READONLY;
 
@@ -32,7 +31,7 @@ END_MESSAGE_MAP()
 
 CMessageEditCtrl::CMessageEditCtrl()
 {
-    m_font.CreatePointFont(kOwnFontTenths, kOwnFontFace);
+    m_font.CreatePointFont(kViewFontTenths, kViewFontFace);
 }
 
 CMessageEditCtrl::~CMessageEditCtrl() = default;
@@ -151,7 +150,7 @@ void CMessageEditCtrl::GotoRecord(int index)
         HostLink::Send(UWM_MSGVIEW_GOTO, reinterpret_cast<WPARAM>(record.file), static_cast<LPARAM>(record.line));
         break;
     case kGotoSendsGotoSource:
-        HostLink::Send(UWM_GOTO_SOURCE, reinterpret_cast<WPARAM>(record.file), static_cast<LPARAM>(record.line));
+        HostLink::GotoSource(record.file, record.line);
         break;
     default:
         return;  // the red mark is all
