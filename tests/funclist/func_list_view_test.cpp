@@ -24,9 +24,7 @@ protected:
         MessageBoxes::Reset();
         MenuDriver::Reset();
         OrvProjectMisc::SetListener([this](std::string_view routine, int) { siblingCalls.emplace_back(routine); });
-        pane.onSize = [this](int cx, int cy) {
-            if (view.GetSafeHwnd()) view.MoveWindow(1, 1, cx - 2, cy - 2);
-        };
+        pane.view = &view;
         pane.onContextMenu = [this](CPoint point) { view.ShowMenu(point); };
         ASSERT_TRUE(pane.CreatePane(&host, CRect(0, 0, 0, 0)));
         ASSERT_TRUE(view.Create(&pane));

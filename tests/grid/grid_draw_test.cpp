@@ -4,9 +4,9 @@
 
 #include "grid/grid_text_fit.h"
 #include "platform/gdi/font.h"
-#include "platform/gdi/surface.h"
 #include "platform/gdi/sys_color.h"
 #include "tests/grid/test_grid.h"
+#include "tests/support/window_pixels.h"
 
 namespace {
 
@@ -22,20 +22,8 @@ protected:
         Paint::UpdateAllWindows();
     }
 
-    COLORREF Pixel(int x, int y)
-    {
-        POINT origin{};
-        const Surface* surface = Paint::SurfaceOf(grid.GetSafeHwnd(), &origin);
-        return surface ? PixelToColorRef(surface->GetPixel(origin.x + x, origin.y + y)) : 0xFFFFFFFF;
-    }
-
-    int Count(COLORREF colour, const CRect& area)
-    {
-        int n = 0;
-        for (int y = area.top; y < area.bottom; ++y)
-            for (int x = area.left; x < area.right; ++x) n += Pixel(x, y) == colour;
-        return n;
-    }
+    COLORREF Pixel(int x, int y) { return WindowPixels(grid).At(x, y); }
+    int Count(COLORREF colour, const CRect& area) { return WindowPixels(grid).Count(colour, area); }
 
     CRect Line(int item)
     {

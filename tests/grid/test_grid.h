@@ -101,9 +101,7 @@ protected:
 
     void SetUp() override
     {
-        pane.onSize = [this](int cx, int cy) {
-            if (grid.GetSafeHwnd()) grid.MoveWindow(1, 1, cx - 2, cy - 2);
-        };
+        pane.view = &grid;
         ASSERT_TRUE(pane.CreatePane(&host, CRect(0, 0, 400, 300)));
         ASSERT_TRUE(grid.Create(kGridStyle, CRect(1, 1, 399, 299), &pane, 100));
         const char* names[] = {"Name", "Value", "Format"};

@@ -4,6 +4,7 @@
 
 #include "marks/bookmark_tree_ctrl.h"
 #include "tests/marks/mark_view_fixture.h"
+#include "tests/support/window_pixels.h"
 
 namespace {
 
@@ -223,16 +224,10 @@ TEST_F(BookmarkView, NodesShowTheBookmarkBadge)
     CRect label;
     view.GetItemRect(Nodes()[0], &label, TRUE);
     // The badge sits left of the label; look for its cyan disc.
-    POINT origin;
-    Surface* surface = Paint::SurfaceOf(view, &origin);
-    ASSERT_NE(surface, nullptr);
-    int cyan = 0;
-    for (int y = label.top; y < label.bottom; ++y) {
-        for (int x = std::max(0, static_cast<int>(label.left) - 24); x < label.left; ++x) {
-            if (PixelToColorRef(surface->GetPixel(origin.x + x, origin.y + y)) == RGB(0, 255, 255)) ++cyan;
-        }
-    }
-    EXPECT_GT(cyan, 20);
+    const WindowPixels pixels(view);
+    ASSERT_TRUE(pixels.Valid());
+    const CRect badge(std::max(0, static_cast<int>(label.left) - 24), label.top, label.left, label.bottom);
+    EXPECT_GT(pixels.Count(RGB(0, 255, 255), badge), 20);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The breakpoint view: what differs from the bookmark view.
 #include "marks/breakpoint_tree_ctrl.h"
 #include "tests/marks/mark_view_fixture.h"
+#include "tests/support/window_pixels.h"
 
 namespace {
 
@@ -70,15 +71,8 @@ TEST_F(BreakpointView, ActiveAndHeldImagesDifferInPixels)
         Paint::UpdateAllWindows();
         CRect label;
         view.GetItemRect(Nodes()[0], &label, TRUE);
-        POINT origin;
-        Surface* surface = Paint::SurfaceOf(view, &origin);
-        int count = 0;
-        for (int y = label.top; y < label.bottom; ++y) {
-            for (int x = std::max(0, static_cast<int>(label.left) - 24); x < label.left; ++x) {
-                if (PixelToColorRef(surface->GetPixel(origin.x + x, origin.y + y)) == RGB(255, 255, 0)) ++count;
-            }
-        }
-        return count;
+        const CRect badge(std::max(0, static_cast<int>(label.left) - 24), label.top, label.left, label.bottom);
+        return WindowPixels(view).Count(RGB(255, 255, 0), badge);
     };
     EXPECT_GT(yellowPixels(), 20);
     Refresh(1);

@@ -33,9 +33,7 @@ protected:
         });
         list = std::make_unique<List>();
         AttachList(host.context, list.get());
-        pane.onSize = [this](int cx, int cy) {
-            if (view.GetSafeHwnd()) view.MoveWindow(1, 1, cx - 2, cy - 2);
-        };
+        pane.view = &view;
         pane.onContextMenu = [this](CPoint point) { view.ShowMenu(point); };
         ASSERT_TRUE(pane.CreatePane(&host, CRect(0, 0, 400, 300)));
         ASSERT_TRUE(view.Create(&pane));

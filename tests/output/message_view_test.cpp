@@ -7,7 +7,6 @@
 #include "host/resource_ids.h"
 #include "output/message_edit_ctrl.h"
 #include "platform/core/paint.h"
-#include "platform/gdi/surface.h"
 #include "platform/input/input.h"
 #include "platform/menu/menu_driver.h"
 #include "platform/ole/clipboard.h"
@@ -15,6 +14,7 @@
 #include "siblings/orv_project_misc.h"
 #include "tests/support/test_host.h"
 #include "tests/support/test_pane.h"
+#include "tests/support/window_pixels.h"
 
 namespace {
 
@@ -38,9 +38,7 @@ protected:
         MenuDriver::Reset();
         OrvProjectMisc::SetListener([this](std::string_view routine, int) { siblingCalls.emplace_back(routine); });
         view.SetGotoMode(GetParam());
-        pane.onSize = [this](int cx, int cy) {
-            if (view.GetSafeHwnd()) view.MoveWindow(1, 1, cx - 2, cy - 2);
-        };
+        pane.view = &view;
         pane.onContextMenu = [this](CPoint point) { view.ShowMenu(point); };
         ASSERT_TRUE(pane.CreatePane(&host, CRect(0, 0, 0, 0)));
         ASSERT_TRUE(view.Create(&pane));
@@ -257,14 +255,9 @@ TEST_P(MessagePane, TheRedLineShowsInPixels)
     Append(Record("warning here", 0, "C:\\p\\w.c", 1));
     Input::DoubleClick(&view, LinePoint(0));
     Paint::UpdateAllWindows();
-    POINT origin;
-    Surface* surface = Paint::SurfaceOf(view, &origin);
-    ASSERT_NE(surface, nullptr);
-    int red = 0;
-    for (int y = 0; y < 16; ++y) {
-        for (int x = 0; x < 100; ++x) red += PixelToColorRef(surface->GetPixel(origin.x + x, origin.y + y)) == RGB(255, 0, 0);
-    }
-    EXPECT_GT(red, 10);
+    const WindowPixels pixels(view);
+    ASSERT_TRUE(pixels.Valid());
+    EXPECT_GT(pixels.Count(RGB(255, 0, 0), CRect(0, 0, 100, 16)), 10);
 }
 
 INSTANTIATE_TEST_SUITE_P(GotoModes, MessagePane,

@@ -12,7 +12,7 @@ BOOL TestPane::CreatePane(CWnd* parent, const CRect& rect)
 
 void TestPane::OnSize(UINT, int cx, int cy)
 {
-    if (onSize) onSize(cx, cy);
+    if (view && view->GetSafeHwnd()) view->MoveWindow(1, 1, cx - 2, cy - 2);
 }
 
 void TestPane::OnContextMenu(CWnd*, CPoint point)

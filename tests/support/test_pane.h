@@ -8,8 +8,8 @@
 
 class TestPane : public CWnd {
 public:
-    // Called with the pane's client size after each size change.
-    std::function<void(int cx, int cy)> onSize;
+    // The view laid out inside the pane's one-pixel frame at each size change.
+    CWnd* view = nullptr;
     // Called with the screen point of each context-menu request.
     std::function<void(CPoint)> onContextMenu;
 
