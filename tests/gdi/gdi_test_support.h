@@ -11,14 +11,6 @@
 #include "platform/gdi/glyph_cache.h"
 #include "platform/gdi/surface.h"
 
-// Readable rectangles and sizes in failure messages.
-inline void PrintTo(const CRect& r, std::ostream* os)
-{
-    *os << "(" << r.left << ", " << r.top << ")-(" << r.right << ", " << r.bottom << ")";
-}
-inline void PrintTo(const CSize& s, std::ostream* os) { *os << s.cx << " x " << s.cy; }
-inline void PrintTo(const CPoint& p, std::ostream* os) { *os << "(" << p.x << ", " << p.y << ")"; }
-
 namespace gdi_test {
 
 // A surface with a window DC over it: over all of it, or with its client
