@@ -500,37 +500,14 @@ void RichEditControl::Forget()
 bool RichEditControl::CopyToClipboard() const
 {
     if (SelMin() >= SelMax()) return false;
-    const std::string text = m_text.Text(SelMin(), SelMax(), true);
-    HGLOBAL mem = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
-    if (!mem) return false;
-    if (auto* bytes = static_cast<char*>(GlobalLock(mem))) {
-        std::memcpy(bytes, text.data(), text.size());
-        bytes[text.size()] = '\0';
-        GlobalUnlock(mem);
-    }
-    if (!OpenClipboard(Hwnd())) {
-        GlobalFree(mem);
-        return false;
-    }
-    EmptyClipboard();
-    const bool placed = SetClipboardData(CF_TEXT, mem) != nullptr;
-    CloseClipboard();
-    if (!placed) GlobalFree(mem);
-    return placed;
+    return SetClipboardText(Hwnd(), m_text.Text(SelMin(), SelMax(), true));
 }
 
 void RichEditControl::PasteFromClipboard()
 {
-    if (IsReadOnly() || !OpenClipboard(Hwnd())) return;
+    if (IsReadOnly()) return;
     std::string text;
-    if (HGLOBAL mem = GetClipboardData(CF_TEXT)) {
-        if (const auto* bytes = static_cast<const char*>(GlobalLock(mem))) {
-            text.assign(bytes, strnlen(bytes, GlobalSize(mem)));
-            GlobalUnlock(mem);
-        }
-    }
-    CloseClipboard();
-    if (!text.empty()) ReplaceSelection(text, true);
+    if (GetClipboardText(Hwnd(), &text) && !text.empty()) ReplaceSelection(text, true);
 }
 
 }  // namespace richedit

@@ -1,6 +1,7 @@
 #include "platform/ole/clipboard.h"
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -76,7 +77,6 @@ BOOL EmptyClipboard()
 HGLOBAL SetClipboardData(UINT format, HGLOBAL mem)
 {
     if (!IsOpen() || State().ownerless || format == 0 || !mem) return nullptr;
-    if (GlobalFlags(mem) == GMEM_INVALID_HANDLE) return nullptr;
     const auto existing = FindFormat(format);
     if (existing != State().data.end() && existing->second == mem) return mem;
     if (!GlobalMemory::Hold(mem)) return nullptr;  // already on the clipboard
@@ -125,4 +125,36 @@ HWND GetClipboardOwner()
 HWND GetOpenClipboardWindow()
 {
     return IsOpen() ? State().opener : nullptr;
+}
+
+bool SetClipboardText(HWND owner, std::string_view text)
+{
+    HGLOBAL mem = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
+    if (!mem) return false;
+    auto* bytes = static_cast<char*>(GlobalLock(mem));
+    std::memcpy(bytes, text.data(), text.size());
+    bytes[text.size()] = '\0';
+    GlobalUnlock(mem);
+    bool placed = false;
+    if (OpenClipboard(owner)) {
+        placed = EmptyClipboard() && SetClipboardData(CF_TEXT, mem) != nullptr;
+        CloseClipboard();
+    }
+    if (!placed) GlobalFree(mem);
+    return placed;
+}
+
+bool GetClipboardText(HWND owner, std::string* text)
+{
+    if (!OpenClipboard(owner)) return false;
+    bool got = false;
+    if (HGLOBAL mem = GetClipboardData(CF_TEXT)) {
+        if (const auto* bytes = static_cast<const char*>(GlobalLock(mem))) {
+            text->assign(bytes, strnlen(bytes, GlobalSize(mem)));
+            GlobalUnlock(mem);
+            got = true;
+        }
+    }
+    CloseClipboard();
+    return got;
 }

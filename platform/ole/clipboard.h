@@ -13,6 +13,9 @@
 // CF_TEXT data is GBK text ending in a zero byte, lines ending in "\r\n".
 #pragma once
 
+#include <string>
+#include <string_view>
+
 #include "platform/ole/global_memory.h"
 
 constexpr UINT CF_TEXT = 1;
@@ -38,3 +41,11 @@ AFX_API int CountClipboardFormats();
 AFX_API UINT EnumClipboardFormats(UINT format);
 AFX_API HWND GetClipboardOwner();
 AFX_API HWND GetOpenClipboardWindow();
+
+// CF_TEXT in one call each, opening and closing the clipboard for owner.
+// Setting empties the clipboard first; when the block cannot be had the
+// clipboard is left as it was. Getting reads up to the first zero byte, or
+// the whole block when it has none. Both false when the clipboard is busy or
+// (getting) holds no text.
+AFX_API bool SetClipboardText(HWND owner, std::string_view text);
+AFX_API bool GetClipboardText(HWND owner, std::string* text);

@@ -112,12 +112,6 @@ bool Hold(HGLOBAL mem)
     return true;
 }
 
-bool IsHeld(HGLOBAL mem)
-{
-    const Block* block = Find(mem);
-    return block && block->held;
-}
-
 bool FreeHeld(HGLOBAL mem)
 {
     Block* block = Find(mem);

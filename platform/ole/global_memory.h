@@ -48,7 +48,6 @@ AFX_API size_t BlockCount();
 // only FreeHeld frees them. False for a bad handle or, when taking, a block
 // already held.
 AFX_API bool Hold(HGLOBAL mem);
-AFX_API bool IsHeld(HGLOBAL mem);
 AFX_API bool FreeHeld(HGLOBAL mem);
 
 }  // namespace GlobalMemory

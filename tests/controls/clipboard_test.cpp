@@ -1,9 +1,10 @@
 // The clipboard's rules and the global memory it trades in.
 #include <cstring>
 
-#include "rich_edit_test_support.h"
+#include "platform/core/wnd.h"
+#include "tests/support/clipboard_text.h"
 
-using rich_edit_test::CleanClipboard;
+using test_clipboard::CleanClipboard;
 
 namespace {
 

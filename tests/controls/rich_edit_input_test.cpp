@@ -20,10 +20,10 @@ protected:
 
 class RichEditKeys : public RichEditFixture {
 protected:
-    void SetUp() override { rich_edit_test::CleanClipboard(); }
+    void SetUp() override { test_clipboard::CleanClipboard(); }
     void TearDown() override
     {
-        rich_edit_test::CleanClipboard();
+        test_clipboard::CleanClipboard();
         RichEditFixture::TearDown();
     }
 };
@@ -199,7 +199,7 @@ TEST_F(RichEditKeys, TypingAndDeletingWorkInWholeCharacters)
     Input::Key('A', Input::kControl);
     Input::Key('C', Input::kControl);
     EXPECT_EQ(Text(), "bc");
-    EXPECT_EQ(rich_edit_test::ClipboardText(), "bc");
+    EXPECT_EQ(test_clipboard::ClipboardText(), "bc");
     Input::Type("z");
     EXPECT_EQ(Text(), "z");
     Input::Key('V', Input::kControl);
@@ -223,8 +223,8 @@ TEST_F(RichEditKeys, ReadOnlyControlMovesAndCopiesButDoesNotChange)
     Input::Key(VK_DOWN, Input::kShift);
     EXPECT_EQ(Sel().cpMax, 9);
     Input::Key('C', Input::kControl);
-    EXPECT_EQ(rich_edit_test::ClipboardText(), "ed\r\ntex");
+    EXPECT_EQ(test_clipboard::ClipboardText(), "ed\r\ntex");
     Input::Key('A', Input::kControl);
     Input::Key(VK_INSERT, Input::kControl);
-    EXPECT_EQ(rich_edit_test::ClipboardText(), "fixed\r\ntext");
+    EXPECT_EQ(test_clipboard::ClipboardText(), "fixed\r\ntext");
 }

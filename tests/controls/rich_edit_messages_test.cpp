@@ -4,7 +4,7 @@
 #include "platform/ole/clipboard.h"
 #include "rich_edit_test_support.h"
 
-using rich_edit_test::ClipboardText;
+using test_clipboard::ClipboardText;
 using rich_edit_test::RichEditFixture;
 
 namespace {
@@ -20,10 +20,10 @@ class RichEditFormat : public RichEditFixture {};
 // Leaves the clipboard closed and empty whatever a test did.
 class RichEditClipboard : public RichEditFixture {
 protected:
-    void SetUp() override { rich_edit_test::CleanClipboard(); }
+    void SetUp() override { test_clipboard::CleanClipboard(); }
     void TearDown() override
     {
-        rich_edit_test::CleanClipboard();
+        test_clipboard::CleanClipboard();
         RichEditFixture::TearDown();
     }
 };
@@ -323,12 +323,7 @@ TEST_F(RichEditClipboard, CutAndPasteChangeOnlyWritableText)
     EXPECT_EQ(ClipboardText(), " cut");
 
     // Pasted "\r\n" is one line break.
-    OpenClipboard(nullptr);
-    HGLOBAL mem = GlobalAlloc(GMEM_MOVEABLE, 8);
-    std::memcpy(GlobalLock(mem), "1\r\n2\n3", 7);
-    GlobalUnlock(mem);
-    SetClipboardData(CF_TEXT, mem);
-    CloseClipboard();
+    test_clipboard::PutClipboardText(parent.GetSafeHwnd(), "1\r\n2\n3");
     edit.SetSel(0, 0);
     edit.Paste();
     EXPECT_EQ(Range(0, -1), "1\r2\r3keep");

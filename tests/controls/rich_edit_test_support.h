@@ -12,7 +12,7 @@
 #include "platform/gdi/surface.h"
 #include "platform/gdi/sys_color.h"
 #include "platform/input/input.h"
-#include "platform/ole/clipboard.h"
+#include "tests/support/clipboard_text.h"
 #include "platform/text/gbk.h"
 
 namespace rich_edit_test {
@@ -25,32 +25,6 @@ constexpr int kLine = 12;
 constexpr int kNarrow = 6;
 constexpr int kWide = 12;
 constexpr int kLeft = 1;
-
-// Closes and empties the clipboard, whatever a test left there.
-inline void CleanClipboard()
-{
-    while (CloseClipboard()) {
-    }
-    OpenClipboard(nullptr);
-    EmptyClipboard();
-    CloseClipboard();
-}
-
-// The clipboard's CF_TEXT, or "<none>".
-inline std::string ClipboardText()
-{
-    std::string text = "<none>";
-    if (!OpenClipboard(nullptr)) return "<closed>";
-    if (HGLOBAL mem = GetClipboardData(CF_TEXT)) {
-        const auto* bytes = static_cast<const char*>(GlobalLock(mem));
-        const size_t size = GlobalSize(mem);
-        // CF_TEXT ends in its zero byte, and nothing follows it.
-        text = bytes && size > 0 && bytes[size - 1] == '\0' ? std::string(bytes, size - 1) : "<unterminated>";
-        GlobalUnlock(mem);
-    }
-    CloseClipboard();
-    return text;
-}
 
 // Parent 400 x 300 at (50, 40); the control fills `area` of it (200 x 100
 // by default: eight whole lines, 33 narrow characters across).
