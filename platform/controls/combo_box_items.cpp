@@ -7,22 +7,6 @@
 
 namespace combo {
 
-namespace {
-
-// _stricmp on views: ASCII letters fold, every other byte compares as is.
-int CompareNoCase(std::string_view a, std::string_view b)
-{
-    const size_t n = std::min(a.size(), b.size());
-    for (size_t i = 0; i < n; ++i) {
-        const int x = AsciiToLower(static_cast<unsigned char>(a[i]));
-        const int y = AsciiToLower(static_cast<unsigned char>(b[i]));
-        if (x != y) return x < y ? -1 : 1;
-    }
-    return a.size() == b.size() ? 0 : a.size() < b.size() ? -1 : 1;
-}
-
-}  // namespace
-
 const Item* ItemList::At(int index) const
 {
     return Valid(index) ? &m_items[static_cast<size_t>(index)] : nullptr;
@@ -36,7 +20,7 @@ Item* ItemList::At(int index)
 int ItemList::AddSorted(std::string_view text)
 {
     const auto at = std::upper_bound(m_items.begin(), m_items.end(), text,
-                                     [](std::string_view t, const Item& item) { return CompareNoCase(t, item.text) < 0; });
+                                     [](std::string_view t, const Item& item) { return CompareFolded(t, item.text) < 0; });
     const auto inserted = m_items.insert(at, Item{std::string(text), 0});
     return static_cast<int>(inserted - m_items.begin());
 }
@@ -71,13 +55,13 @@ int ItemList::Search(int startAfter, Match match) const
 int ItemList::FindPrefix(int startAfter, std::string_view prefix) const
 {
     return Search(startAfter, [prefix](const std::string& text) {
-        return text.size() >= prefix.size() && CompareNoCase(std::string_view(text).substr(0, prefix.size()), prefix) == 0;
+        return text.size() >= prefix.size() && CompareFolded(std::string_view(text).substr(0, prefix.size()), prefix) == 0;
     });
 }
 
 int ItemList::FindExact(int startAfter, std::string_view text) const
 {
-    return Search(startAfter, [text](const std::string& item) { return CompareNoCase(item, text) == 0; });
+    return Search(startAfter, [text](const std::string& item) { return CompareFolded(item, text) == 0; });
 }
 
 }  // namespace combo

@@ -4,35 +4,10 @@
 
 #include <vector>
 
+#include "platform/text/compare.h"
 #include "platform/text/gbk.h"
 
 namespace richedit {
-namespace {
-
-char FoldAscii(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-// Whether needle occurs in hay at pos, character by character.
-bool MatchesAt(const std::string& hay, size_t pos, const std::string& needle, bool matchCase)
-{
-    if (pos + needle.size() > hay.size()) return false;
-    for (size_t i = 0; i < needle.size();) {
-        const int length = GbkCharLength(needle, i);
-        if (GbkCharLength(hay, pos + i) != length) return false;
-        if (length == 2) {
-            if (hay.compare(pos + i, 2, needle, i, 2) != 0) return false;
-        } else if (matchCase ? hay[pos + i] != needle[i] : FoldAscii(hay[pos + i]) != FoldAscii(needle[i])) {
-            return false;
-        }
-        i += static_cast<size_t>(length);
-    }
-    return true;
-}
-
-}  // namespace
-
 LRESULT RichEditControl::OnFindText(WPARAM flags, const CHARRANGE& range, const char* what, CHARRANGE* found) const
 {
     if (found) *found = CHARRANGE{-1, -1};
@@ -58,7 +33,7 @@ LRESULT RichEditControl::OnFindText(WPARAM flags, const CHARRANGE& range, const 
     const bool wholeWord = (flags & FR_WHOLEWORD) != 0;
     const auto accept = [&](size_t i) {
         const size_t pos = starts[i];
-        if (pos < first || pos + needle.size() > limit || !MatchesAt(hay, pos, needle, matchCase)) return false;
+        if (pos < first || pos + needle.size() > limit || !GbkMatchesFoldedAt(hay, pos, needle, matchCase)) return false;
         return !wholeWord || ((i == 0 || !IsWordCharAt(hay, starts[i - 1])) && !IsWordCharAt(hay, pos + needle.size()));
     };
     const auto report = [&](size_t i) {

@@ -1,24 +1,54 @@
 #include "platform/text/compare.h"
 
+#include <algorithm>
+#include <cstring>
+
+#include "platform/text/gbk.h"
+
 int AsciiToLower(int byte)
 {
     byte &= 0xFF;
     return (byte >= 'A' && byte <= 'Z') ? byte + ('a' - 'A') : byte;
 }
 
-int _strnicmp(const char* a, const char* b, size_t count)
+int CompareFolded(std::string_view a, std::string_view b)
 {
-    if (!a || !b) return a ? 1 : (b ? -1 : 0);
-    for (size_t i = 0; i < count; ++i) {
+    const size_t n = std::min(a.size(), b.size());
+    for (size_t i = 0; i < n; ++i) {
         const int ca = AsciiToLower(static_cast<unsigned char>(a[i]));
         const int cb = AsciiToLower(static_cast<unsigned char>(b[i]));
         if (ca != cb) return ca - cb;
-        if (ca == 0) return 0;
     }
+    if (a.size() < b.size()) return -AsciiToLower(static_cast<unsigned char>(b[n]));
+    if (b.size() < a.size()) return AsciiToLower(static_cast<unsigned char>(a[n]));
     return 0;
+}
+
+int _strnicmp(const char* a, const char* b, size_t count)
+{
+    if (!a || !b) return a ? 1 : (b ? -1 : 0);
+    return CompareFolded(std::string_view(a, strnlen(a, count)), std::string_view(b, strnlen(b, count)));
 }
 
 int _stricmp(const char* a, const char* b)
 {
-    return _strnicmp(a, b, static_cast<size_t>(-1));
+    if (!a || !b) return a ? 1 : (b ? -1 : 0);
+    return CompareFolded(a, b);
+}
+
+bool GbkMatchesFoldedAt(std::string_view hay, size_t pos, std::string_view needle, bool matchCase)
+{
+    if (pos > hay.size() || needle.size() > hay.size() - pos) return false;
+    for (size_t i = 0; i < needle.size();) {
+        const int length = GbkCharLength(needle, i);
+        if (GbkCharLength(hay, pos + i) != length) return false;
+        if (length == 2) {
+            if (hay.compare(pos + i, 2, needle, i, 2) != 0) return false;
+        } else if (matchCase ? hay[pos + i] != needle[i]
+                             : AsciiToLower(static_cast<unsigned char>(hay[pos + i])) != AsciiToLower(static_cast<unsigned char>(needle[i]))) {
+            return false;
+        }
+        i += static_cast<size_t>(length);
+    }
+    return true;
 }
