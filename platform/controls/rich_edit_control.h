@@ -18,10 +18,6 @@ struct FontData;
 
 namespace richedit {
 
-// Platform constants the core headers do not carry.
-constexpr int kWheelDelta = 120;
-constexpr int kWheelLines = 3;
-
 class RichEditControl {
 public:
     explicit RichEditControl(CWnd* wnd);
@@ -84,6 +80,8 @@ private:
     void EnsureCaretVisible();
     void ScrollTo(Pos firstLine, int scrollX);
     void LineScroll(int chars, Pos lines);
+    // The first line shown when the last line is at the bottom.
+    Pos LastTopLine(const Metrics& m) const;
     void OnVScroll(UINT code, int position);
     void OnHScroll(UINT code, int position);
     void OnMouseWheel(int delta);

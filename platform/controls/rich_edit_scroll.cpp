@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "platform/core/input_state.h"
+#include "platform/gdi/font_model.h"
 #include "platform/gdi/gdi_object.h"
 #include "platform/gdi/gdi_registry.h"
 
@@ -25,15 +27,13 @@ int Saturate(Pos v)
 
 const gdi::FontData& RichEditControl::FontData() const
 {
-    if (const gdi::FontData* font = gdi::Find<gdi::FontData>(m_font)) return *font;
-    static const gdi::FontData fallback;
-    const gdi::FontData* stock = gdi::Find<gdi::FontData>(GetStockObject(DEFAULT_GUI_FONT));
-    return stock ? *stock : fallback;
+    // Stock fonts are never deleted, so the handle always names a font.
+    return *gdi::Find<gdi::FontData>(FontHandle());
 }
 
 HGDIOBJ RichEditControl::FontHandle() const
 {
-    return gdi::Find<gdi::FontData>(m_font) ? m_font : GetStockObject(DEFAULT_GUI_FONT);
+    return gdi::FontOr(m_font, DEFAULT_GUI_FONT);
 }
 
 Metrics RichEditControl::ComputeMetrics() const
@@ -124,28 +124,26 @@ void RichEditControl::LineScroll(int chars, Pos lines)
     // Scrolling down stops once the last line reaches the bottom, so that a
     // view that follows appended lines keeps its text in sight.
     const Pos first = static_cast<Pos>(m_firstLine);
-    const Pos lastTop = std::max<Pos>(0, static_cast<Pos>(m_text.LineCount()) - m.FullLines());
-    const Pos target = lines > 0 ? std::min(first + lines, std::max(first, lastTop)) : first + lines;
+    const Pos target = lines > 0 ? std::min(first + lines, std::max(first, LastTopLine(m))) : first + lines;
     ScrollTo(target, x);
+}
+
+Pos RichEditControl::LastTopLine(const Metrics& m) const
+{
+    return std::max<Pos>(0, static_cast<Pos>(m_text.LineCount()) - m.FullLines());
 }
 
 void RichEditControl::OnVScroll(UINT code, int position)
 {
-    const Metrics m = ComputeMetrics();
-    const Pos first = static_cast<Pos>(m_firstLine);
-    const Pos full = m.FullLines();
-    // Scrolling down stops once the last line reaches the bottom.
-    const Pos lastTop = std::max<Pos>(0, static_cast<Pos>(m_text.LineCount()) - full);
-    const auto down = [&](Pos lines) { ScrollTo(std::min(first + lines, std::max(first, lastTop)), m_scrollX); };
     switch (code) {
-    case SB_LINEUP: ScrollTo(first - 1, m_scrollX); break;
-    case SB_LINEDOWN: down(1); break;
-    case SB_PAGEUP: ScrollTo(first - full, m_scrollX); break;
-    case SB_PAGEDOWN: down(full); break;
+    case SB_LINEUP: LineScroll(0, -1); break;
+    case SB_LINEDOWN: LineScroll(0, 1); break;
+    case SB_PAGEUP: LineScroll(0, -ComputeMetrics().FullLines()); break;
+    case SB_PAGEDOWN: LineScroll(0, ComputeMetrics().FullLines()); break;
     case SB_THUMBPOSITION:
-    case SB_THUMBTRACK: ScrollTo(std::min<Pos>(position, lastTop), m_scrollX); break;
+    case SB_THUMBTRACK: ScrollTo(std::min<Pos>(position, LastTopLine(ComputeMetrics())), m_scrollX); break;
     case SB_TOP: ScrollTo(0, m_scrollX); break;
-    case SB_BOTTOM: ScrollTo(lastTop, m_scrollX); break;
+    case SB_BOTTOM: ScrollTo(LastTopLine(ComputeMetrics()), m_scrollX); break;
     default: break;
     }
 }
@@ -170,14 +168,9 @@ void RichEditControl::OnHScroll(UINT code, int position)
 
 void RichEditControl::OnMouseWheel(int delta)
 {
-    m_wheelRemainder += delta;
-    const int notches = m_wheelRemainder / kWheelDelta;
-    m_wheelRemainder -= notches * kWheelDelta;
-    if (notches > 0) {
-        for (int i = 0; i < notches * kWheelLines; ++i) OnVScroll(SB_LINEUP, 0);
-    } else {
-        for (int i = 0; i < -notches * kWheelLines; ++i) OnVScroll(SB_LINEDOWN, 0);
-    }
+    // A notch up shows earlier lines.
+    const int notches = TakeWheelNotches(m_wheelRemainder, delta);
+    if (notches) LineScroll(0, -Pos{notches} * kWheelScrollLines);
 }
 
 void RichEditControl::InvalidateLines(size_t first, size_t last)

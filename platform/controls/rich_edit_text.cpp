@@ -294,12 +294,8 @@ size_t TextStore::CopyOut(Pos from, Pos to, bool crlf, char* dest, size_t capaci
         if (lo < hi) {
             int cut = hi;
             if (written + static_cast<size_t>(hi - lo) > capacity) {
-                cut = lo;
-                while (cut < hi) {
-                    const int next = cut + GbkCharLength(l.text, static_cast<size_t>(cut));
-                    if (written + static_cast<size_t>(next - lo) > capacity) break;
-                    cut = next;
-                }
+                const std::string_view part = std::string_view(l.text).substr(static_cast<size_t>(lo), static_cast<size_t>(hi - lo));
+                cut = lo + static_cast<int>(GbkPrefixBytes(part, capacity - written));
             }
             std::memcpy(dest + written, l.text.data() + lo, static_cast<size_t>(cut - lo));
             written += static_cast<size_t>(cut - lo);

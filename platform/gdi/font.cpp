@@ -9,14 +9,7 @@ void SetFaceName(LOGFONT& logFont, LPCSTR faceName)
 {
     std::memset(logFont.lfFaceName, 0, sizeof logFont.lfFaceName);
     if (!faceName) return;
-    const std::string_view name(faceName);
-    size_t used = 0;
-    while (used < name.size()) {
-        const size_t bytes = static_cast<size_t>(GbkCharLength(name, used));
-        if (used + bytes > LF_FACESIZE - 1) break;  // never split a double-byte character
-        used += bytes;
-    }
-    std::memcpy(logFont.lfFaceName, faceName, used);
+    CopyGbkText(faceName, logFont.lfFaceName, LF_FACESIZE);
 }
 
 BOOL CFont::CreatePointFont(int pointSizeTenths, LPCSTR faceName, CDC*)

@@ -192,6 +192,13 @@ TEST_F(RichEditScroll, LinesScrollOnRequestAndWithTheCaret)
     // The wheel moves three lines a notch, and stops at the last page.
     Input::Wheel(&edit, CPoint(50, 50), -120 * 40);
     EXPECT_EQ(edit.GetFirstVisibleLine(), 101 - 8);
+    Input::Wheel(&edit, CPoint(50, 50), 120);
+    EXPECT_EQ(edit.GetFirstVisibleLine(), 101 - 8 - 3);
+    // Half notches add up to a whole one.
+    Input::Wheel(&edit, CPoint(50, 50), 60);
+    EXPECT_EQ(edit.GetFirstVisibleLine(), 101 - 8 - 3);
+    Input::Wheel(&edit, CPoint(50, 50), 60);
+    EXPECT_EQ(edit.GetFirstVisibleLine(), 101 - 8 - 6);
 }
 
 TEST_F(RichEditScroll, AppendingFollowsTheEndOnlyWhileTheSelectionShows)
