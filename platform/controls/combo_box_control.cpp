@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "platform/controls/combo_box_dropdown.h"
+#include "platform/controls/control_notify.h"
 #include "platform/core/paint_dc.h"
 #include "platform/text/gbk.h"
 
@@ -263,18 +264,8 @@ LRESULT ComboControl::OnGetLBText(int index, char* buffer) const
 
 LRESULT ComboControl::OnGetText(WPARAM size, char* buffer) const
 {
-    if (!buffer || size == 0) return 0;
-    const std::string text = m_items.Valid(m_selected) ? m_items.At(m_selected)->text : std::string();
-    // Never end the copy on half a double-byte character.
-    size_t used = 0;
-    while (used < text.size()) {
-        const size_t next = used + static_cast<size_t>(GbkCharLength(text, used));
-        if (next > size - 1) break;
-        used = next;
-    }
-    std::memcpy(buffer, text.data(), used);
-    buffer[used] = '\0';
-    return static_cast<LRESULT>(used);
+    const Item* item = m_items.At(m_selected);
+    return static_cast<LRESULT>(CopyGbkText(item ? std::string_view(item->text) : std::string_view(), buffer, static_cast<size_t>(size)));
 }
 
 LRESULT ComboControl::OnSetText(const char* text)
@@ -298,7 +289,7 @@ void ComboControl::OnFocus(bool gained)
 {
     if (!gained && !Close(false)) return;
     m_wnd->Invalidate();
-    Notify(gained ? CBN_SETFOCUS : CBN_KILLFOCUS);
+    SendCommandNotify(m_wnd, gained ? CBN_SETFOCUS : CBN_KILLFOCUS);
 }
 
 void ComboControl::FillInfo(COMBOBOXINFO* info) const
@@ -318,16 +309,7 @@ bool ComboControl::SelectByUser(int index)
 {
     if (!m_items.Valid(index) || index == m_selected) return true;
     OnSetCurSel(index);
-    return Notify(CBN_SELCHANGE);
-}
-
-bool ComboControl::Notify(UINT code)
-{
-    const HWND self = Hwnd();
-    const HWND parent = ::GetParent(self);
-    if (parent) ::SendMessage(parent, WM_COMMAND, MAKEWPARAM(m_wnd->GetDlgCtrlID(), static_cast<int>(code)), reinterpret_cast<LPARAM>(self));
-    // Nothing of this object may be touched once the window is gone.
-    return IsWindow(self) != FALSE;
+    return SendCommandNotify(m_wnd, CBN_SELCHANGE);
 }
 
 }  // namespace combo

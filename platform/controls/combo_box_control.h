@@ -26,9 +26,6 @@ constexpr int kButtonWidth = 16;
 constexpr int kTextPadding = 2;
 // The drop-down list's frame.
 constexpr int kListBorder = 1;
-// Wheel: the platform's notch, and the lines one notch scrolls the list.
-constexpr int kWheelDelta = 120;
-constexpr int kWheelLines = 3;
 
 class ComboControl {
 public:
@@ -61,7 +58,6 @@ private:
     // Selects as the user does: nothing happens for the same item; a new one
     // is told to the parent with CBN_SELCHANGE.
     bool SelectByUser(int index);
-    bool Notify(UINT code);
 
     // ---- the drop-down list (combo_box_dropdown.cpp)
     bool Open();

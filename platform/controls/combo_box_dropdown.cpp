@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/controls/combo_box_control.h"
+#include "platform/controls/control_notify.h"
 #include "platform/core/input_state.h"
 #include "platform/core/paint_dc.h"
 #include "platform/gdi/sys_color.h"
@@ -30,7 +31,7 @@ bool ComboControl::Open()
     if (!m_list || !m_list->GetSafeHwnd()) return false;
     const bool opening = !m_dropped;
     if (opening) {
-        if (!Notify(CBN_DROPDOWN)) return false;
+        if (!SendCommandNotify(m_wnd, CBN_DROPDOWN)) return false;
         m_dropped = true;
         m_hot = m_selected;
         m_listPressed = false;
@@ -59,8 +60,8 @@ bool ComboControl::Close(bool accept, int choose)
     }
     m_wnd->Invalidate();
     if (choose >= 0 && !SelectByUser(choose)) return false;
-    if (!Notify(accept ? CBN_SELENDOK : CBN_SELENDCANCEL)) return false;
-    return Notify(CBN_CLOSEUP);
+    if (!SendCommandNotify(m_wnd, accept ? CBN_SELENDOK : CBN_SELENDCANCEL)) return false;
+    return SendCommandNotify(m_wnd, CBN_CLOSEUP);
 }
 
 int ComboControl::VisibleItems() const
@@ -156,7 +157,7 @@ void ComboControl::OnListMouse(UINT message, POINT pt)
         m_listPressed = true;
         break;
     case WM_MOUSEMOVE:
-        if (inside && GetKeyState(static_cast<int>(VK_LBUTTON)) < 0) m_listPressed = true;
+        if (inside && IsKeyDown(VK_LBUTTON)) m_listPressed = true;
         break;
     case WM_LBUTTONUP:
         // Releasing the press that opened the list leaves it open.
@@ -184,7 +185,8 @@ void ComboControl::PaintList(CDC& dc)
     if (CFont* font = CFont::FromHandle(FontHandle())) dc.SelectObject(font);
     dc.SetBkMode(TRANSPARENT);
     const int height = ItemHeight();
-    for (int row = 0; row < VisibleItems(); ++row) {
+    const int rows = VisibleItems();
+    for (int row = 0; row < rows; ++row) {
         const int index = m_listTop + row;
         const Item* item = m_items.At(index);
         if (!item) break;

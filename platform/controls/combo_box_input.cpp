@@ -9,22 +9,9 @@
 
 namespace combo {
 
-namespace {
-
-// F4 drops and closes the list; the core headers do not name it.
-constexpr UINT kVkF4 = 0x73;
-
-bool KeyHeld(UINT key)
-{
-    return GetKeyState(static_cast<int>(key)) < 0;
-}
-
-}  // namespace
-
 void ComboControl::OnKeyDown(UINT key)
 {
-    const bool alt = KeyHeld(VK_MENU);
-    if (key == kVkF4 || (alt && (key == VK_UP || key == VK_DOWN))) {
+    if (key == VK_F4 || (IsKeyDown(VK_MENU) && (key == VK_UP || key == VK_DOWN))) {
         if (m_dropped) Close(true, m_hot);
         else Open();
         return;
@@ -79,13 +66,11 @@ void ComboControl::OnLButtonDown()
 
 void ComboControl::OnMouseWheel(int delta)
 {
-    m_wheelRemainder += delta;
-    const int notches = m_wheelRemainder / kWheelDelta;
-    m_wheelRemainder -= notches * kWheelDelta;
+    const int notches = TakeWheelNotches(m_wheelRemainder, delta);
     if (!notches) return;
     if (m_dropped) {
         // The open list scrolls; the selection stays.
-        const int top = ListTopClamped(m_listTop - notches * kWheelLines);
+        const int top = ListTopClamped(m_listTop - notches * kWheelScrollLines);
         if (top != m_listTop) {
             m_listTop = top;
             m_list->Invalidate();

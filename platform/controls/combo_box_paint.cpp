@@ -19,13 +19,12 @@ constexpr int kArrowRows = (kArrowWidth + 1) / 2;
 HGDIOBJ ComboControl::FontHandle() const
 {
     // Without a font of its own a combo box writes in the system font.
-    return gdi::Find<gdi::FontData>(m_font) ? m_font : GetStockObject(SYSTEM_FONT);
+    return gdi::FontOr(m_font, SYSTEM_FONT);
 }
 
 gdi::FontMetrics ComboControl::Font() const
 {
-    const gdi::FontData* font = gdi::Find<gdi::FontData>(FontHandle());
-    return font ? gdi::MetricsOf(*font) : gdi::FontMetrics();
+    return gdi::MetricsOfHandle(FontHandle());
 }
 
 CRect ComboControl::ButtonRect() const

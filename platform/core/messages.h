@@ -62,6 +62,7 @@ constexpr UINT WM_CUT = 0x0300;
 constexpr UINT WM_COPY = 0x0301;
 constexpr UINT WM_PASTE = 0x0302;
 constexpr UINT WM_CLEAR = 0x0303;
+constexpr UINT WM_UNDO = 0x0304;
 constexpr UINT WM_USER = 0x0400;
 
 // Framework-internal: a child's notification offered back to the child.
@@ -121,6 +122,7 @@ constexpr UINT VK_ADD = 0x6B;
 constexpr UINT VK_SUBTRACT = 0x6D;
 constexpr UINT VK_F1 = 0x70;
 constexpr UINT VK_F2 = 0x71;
+constexpr UINT VK_F4 = 0x73;
 constexpr UINT VK_F5 = 0x74;
 constexpr UINT VK_F10 = 0x79;
 

@@ -177,7 +177,7 @@ TEST_F(ComboInput, KeysDriveTheDroppedList)
     Make();
     Fill(10);
     combo.SetFocus();
-    Input::Key(0x73);  // F4
+    Input::Key(VK_F4);
     EXPECT_TRUE(combo.GetDroppedState());
     parent.codes.clear();
     Input::Key(VK_END);
