@@ -43,20 +43,36 @@ int Buffer::NextChar(int pos) const
     return pos + GbkCharLength(m_text, static_cast<size_t>(pos));
 }
 
+Buffer::WordStarts Buffer::WordStartsBefore(long long pos) const
+{
+    WordStarts starts{0, 0};
+    // The characters before Snap(pos).
+    for (size_t at = 0; at < m_text.size();) {
+        const size_t next = at + static_cast<size_t>(GbkCharLength(m_text, at));
+        if (static_cast<long long>(next) > pos) break;
+        if (m_text[at] == ' ') starts.current = static_cast<int>(next);
+        else starts.last = starts.current;
+        at = next;
+    }
+    return starts;
+}
+
 int Buffer::WordLeft(int pos) const
 {
-    pos = Snap(pos);
-    while (pos > 0 && m_text[static_cast<size_t>(PrevChar(pos))] == ' ') pos = PrevChar(pos);
-    while (pos > 0 && m_text[static_cast<size_t>(PrevChar(pos))] != ' ') pos = PrevChar(pos);
-    return pos;
+    return WordStartsBefore(pos).last;
+}
+
+int Buffer::WordStart(int pos) const
+{
+    return WordStartsBefore(pos).current;
 }
 
 int Buffer::WordRight(int pos) const
 {
-    pos = Snap(pos);
-    while (pos < Length() && m_text[static_cast<size_t>(pos)] != ' ') pos = NextChar(pos);
-    while (pos < Length() && m_text[static_cast<size_t>(pos)] == ' ') pos = NextChar(pos);
-    return pos;
+    size_t at = static_cast<size_t>(Snap(pos));
+    while (at < m_text.size() && m_text[at] != ' ') at += static_cast<size_t>(GbkCharLength(m_text, at));
+    while (at < m_text.size() && m_text[at] == ' ') ++at;
+    return static_cast<int>(at);
 }
 
 void Buffer::Select(long long anchor, long long caret)
@@ -71,7 +87,7 @@ void Buffer::MoveCaret(int pos, bool extend)
     if (!extend) m_anchor = m_caret;
 }
 
-bool Buffer::ReplaceSelection(std::string_view text, bool honourLimit, bool* truncated)
+bool Buffer::ReplaceSelection(std::string_view text, bool honourLimit, bool saveUndo, bool* truncated)
 {
     if (truncated) *truncated = false;
     const int start = SelStart();
@@ -80,18 +96,12 @@ bool Buffer::ReplaceSelection(std::string_view text, bool honourLimit, bool* tru
     if (honourLimit) {
         const long long room = std::max<long long>(0, static_cast<long long>(m_limit) - (Length() - (end - start)));
         if (static_cast<long long>(keep) > room) {
-            // Whole characters only.
-            size_t used = 0;
-            while (used < text.size()) {
-                const size_t next = used + static_cast<size_t>(GbkCharLength(text, used));
-                if (static_cast<long long>(next) > room) break;
-                used = next;
-            }
-            keep = used;
+            keep = GbkPrefixBytes(text, static_cast<size_t>(room));
             if (truncated) *truncated = true;
         }
     }
     if (start == end && keep == 0) return false;
+    if (saveUndo) SaveUndo();
     m_text.replace(static_cast<size_t>(start), static_cast<size_t>(end - start), text.substr(0, keep));
     m_caret = m_anchor = start + static_cast<int>(keep);
     return true;

@@ -17,7 +17,6 @@ public:
     const std::string& Text() const { return m_text; }
     int Length() const { return static_cast<int>(m_text.size()); }
     int Caret() const { return m_caret; }
-    int Anchor() const { return m_anchor; }
     int SelStart() const { return m_anchor < m_caret ? m_anchor : m_caret; }
     int SelEnd() const { return m_anchor < m_caret ? m_caret : m_anchor; }
     bool HasSelection() const { return m_anchor != m_caret; }
@@ -32,7 +31,10 @@ public:
     int PrevChar(int pos) const;
     int NextChar(int pos) const;
     // Starts of words: a word is a run of characters other than spaces.
+    // WordLeft: the start of the last word before pos; WordStart: the start
+    // of the word that ends at pos (pos itself after a space).
     int WordLeft(int pos) const;
+    int WordStart(int pos) const;
     int WordRight(int pos) const;
 
     // Sets both ends, snapped.
@@ -42,19 +44,27 @@ public:
 
     // Replaces the selection with text, up to the limit when honourLimit is
     // set (cut at a character boundary; *truncated tells whether any was
-    // left out). The caret ends after the new text. Returns whether the text
-    // changed.
-    bool ReplaceSelection(std::string_view text, bool honourLimit, bool* truncated = nullptr);
+    // left out). The caret ends after the new text; with saveUndo a change
+    // can be undone. Returns whether the text changed.
+    bool ReplaceSelection(std::string_view text, bool honourLimit, bool saveUndo, bool* truncated = nullptr);
     // New text, regardless of the limit; the caret goes to the start.
     void SetText(std::string_view text);
 
     // One level of undo: the text and selection before the last change.
     bool CanUndo() const { return m_canUndo; }
-    void SaveUndo();
     bool Undo();
     void EmptyUndo() { m_canUndo = false; }
 
 private:
+    struct WordStarts {
+        int current;  // the word that ends at pos (pos itself after a space)
+        int last;     // the last word before pos (0 when there is none)
+    };
+    // Both in one pass from the start: trail bytes look like lead bytes, so
+    // walking back would need a pass for each character.
+    WordStarts WordStartsBefore(long long pos) const;
+    void SaveUndo();
+
     std::string m_text;
     int m_caret = 0;
     int m_anchor = 0;

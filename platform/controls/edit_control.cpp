@@ -2,8 +2,8 @@
 #include "platform/controls/edit_control.h"
 
 #include <algorithm>
-#include <cstring>
 
+#include "platform/controls/control_notify.h"
 #include "platform/core/paint_dc.h"
 #include "platform/gdi/sys_color.h"
 #include "platform/text/gbk.h"
@@ -65,7 +65,7 @@ bool EditControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
         *result = m_buffer.CanUndo() ? TRUE : FALSE;
         return true;
     case EM_UNDO:
-    case kWmUndo:
+    case WM_UNDO:
         if (m_buffer.Undo()) {
             m_modified = true;
             SelectionMoved();
@@ -192,18 +192,7 @@ void EditControl::OnSetText(const char* text)
 
 LRESULT EditControl::OnGetText(WPARAM size, char* buffer) const
 {
-    if (!buffer || size == 0) return 0;
-    const std::string& text = m_buffer.Text();
-    // Never end the copy on half a double-byte character.
-    size_t used = 0;
-    while (used < text.size()) {
-        const size_t next = used + static_cast<size_t>(GbkCharLength(text, used));
-        if (next > size - 1) break;
-        used = next;
-    }
-    std::memcpy(buffer, text.data(), used);
-    buffer[used] = '\0';
-    return static_cast<LRESULT>(used);
+    return static_cast<LRESULT>(CopyGbkText(m_buffer.Text(), buffer, static_cast<size_t>(size)));
 }
 
 LRESULT EditControl::OnGetSel(DWORD* start, DWORD* end) const
@@ -249,7 +238,7 @@ void EditControl::OnFocus(bool gained)
     // The caret shows only with the focus, and the selection too unless
     // ES_NOHIDESEL.
     m_wnd->Invalidate();
-    Notify(gained ? EN_SETFOCUS : EN_KILLFOCUS);
+    SendCommandNotify(m_wnd, gained ? EN_SETFOCUS : EN_KILLFOCUS);
 }
 
 LRESULT EditControl::OnPosFromChar(INT_PTR index) const
@@ -267,47 +256,36 @@ bool EditControl::Replace(std::string_view text, bool honourLimit, bool canUndo)
     if (!Has(ES_AUTOHSCROLL) && !Has(ES_MULTILINE)) {
         const long long kept = Width(0, m_buffer.SelStart()) + Width(m_buffer.SelEnd(), m_buffer.Length());
         const gdi::FontMetrics font = Font();
+        const bool password = Has(ES_PASSWORD);
+        const int room = TextRoom();
         size_t fits = 0;
         long long width = kept;
         while (fits < text.size()) {
             const int bytes = GbkCharLength(text, fits);
-            const long long next = width + (Has(ES_PASSWORD) ? font.Advance(1) : font.Advance(bytes));
-            if (!FitsWidth(next)) break;
+            const long long next = width + ShownAdvance(font, password, bytes);
+            if (next > room) break;
             width = next;
             fits += static_cast<size_t>(bytes);
         }
         if (fits < text.size()) {
             text = text.substr(0, fits);
-            if (text.empty() && !m_buffer.HasSelection()) return Notify(EN_MAXTEXT);
+            if (text.empty() && !m_buffer.HasSelection()) return SendCommandNotify(m_wnd, EN_MAXTEXT);
         }
     }
-    const Buffer before = m_buffer;
     bool truncated = false;
-    if (canUndo) m_buffer.SaveUndo();
-    const bool changed = m_buffer.ReplaceSelection(text, honourLimit, &truncated);
-    if (!changed) {
-        m_buffer = before;
-        return truncated ? Notify(EN_MAXTEXT) : true;
+    if (!m_buffer.ReplaceSelection(text, honourLimit, canUndo, &truncated)) {
+        return truncated ? SendCommandNotify(m_wnd, EN_MAXTEXT) : true;
     }
     m_modified = true;
     m_pendingLead = -1;
     SelectionMoved();
-    if (truncated && !Notify(EN_MAXTEXT)) return false;
+    if (truncated && !SendCommandNotify(m_wnd, EN_MAXTEXT)) return false;
     return NotifyChanged();
 }
 
 bool EditControl::NotifyChanged()
 {
-    return Notify(EN_UPDATE) && Notify(EN_CHANGE);
-}
-
-bool EditControl::Notify(UINT code)
-{
-    const HWND self = Hwnd();
-    const HWND parent = ::GetParent(self);
-    if (parent) ::SendMessage(parent, WM_COMMAND, MAKEWPARAM(m_wnd->GetDlgCtrlID(), static_cast<int>(code)), reinterpret_cast<LPARAM>(self));
-    // Nothing of this object may be touched once the window is gone.
-    return IsWindow(self) != FALSE;
+    return SendCommandNotify(m_wnd, EN_UPDATE) && SendCommandNotify(m_wnd, EN_CHANGE);
 }
 
 void EditControl::SelectionMoved()

@@ -24,8 +24,12 @@ constexpr int kScrollDivisor = 3;
 // Shown for each character of a password.
 constexpr char kDefaultPasswordChar = '*';
 
-// A message the core headers do not carry, with the platform's value.
-constexpr UINT kWmUndo = 0x0304;
+// What a character of `bytes` bytes advances as shown: a password shows a
+// narrow mark for every character.
+inline int ShownAdvance(const gdi::FontMetrics& font, bool password, int bytes)
+{
+    return font.Advance(password ? 1 : bytes);
+}
 
 class EditControl {
 public:
@@ -51,7 +55,6 @@ private:
     // limit (and the width, without ES_AUTOHSCROLL), then tells the parent.
     bool Replace(std::string_view text, bool honourLimit, bool canUndo);
     bool NotifyChanged();
-    bool Notify(UINT code);
     // Caret or selection moved: show it.
     void SelectionMoved();
 
@@ -74,7 +77,7 @@ private:
     HGDIOBJ FontHandle() const;
     gdi::FontMetrics Font() const;
     CRect FormatRect() const;
-    // Width of text[from, to) as shown (a password shows one mark per character).
+    // Width of text[from, to) as shown.
     int Width(int from, int to) const;
     // Client x of the text's start and of a position.
     int TextLeft() const;
@@ -83,8 +86,8 @@ private:
     int PosFromX(int x) const;
     // Scrolls so the caret shows (with ES_AUTOHSCROLL), keeping the view filled.
     void ScrollToCaret();
-    // Whether text of this many pixels can be shown without ES_AUTOHSCROLL.
-    bool FitsWidth(long long width) const;
+    // The widest text that can be shown without ES_AUTOHSCROLL.
+    int TextRoom() const;
 
     // ---- painting (edit_paint.cpp)
     void Paint(CDC& dc);

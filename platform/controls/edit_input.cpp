@@ -8,11 +8,6 @@ namespace edit {
 
 namespace {
 
-bool KeyHeld(UINT key)
-{
-    return GetKeyState(static_cast<int>(key)) < 0;
-}
-
 // Control characters that WM_CHAR brings for Ctrl+letter.
 constexpr UINT kCtrlA = 0x01;
 constexpr UINT kCtrlC = 0x03;
@@ -29,8 +24,8 @@ bool IsTrailByte(UINT byte)
 
 void EditControl::OnKeyDown(UINT key)
 {
-    const bool shift = KeyHeld(VK_SHIFT);
-    const bool control = KeyHeld(VK_CONTROL);
+    const bool shift = IsKeyDown(VK_SHIFT);
+    const bool control = IsKeyDown(VK_CONTROL);
     const int caret = m_buffer.Caret();
     switch (key) {
     case VK_LEFT:
@@ -143,10 +138,7 @@ void EditControl::OnLButtonDown(POINT pt, bool doubleClick, UINT keys)
     const int pos = PosFromX(pt.x);
     if (doubleClick) {
         // The word under the pointer, with the spaces after it.
-        const std::string& text = m_buffer.Text();
-        int first = pos;
-        while (first > 0 && text[static_cast<size_t>(m_buffer.PrevChar(first))] != ' ') first = m_buffer.PrevChar(first);
-        m_buffer.Select(first, m_buffer.WordRight(pos));
+        m_buffer.Select(m_buffer.WordStart(pos), m_buffer.WordRight(pos));
         SelectionMoved();
         return;
     }

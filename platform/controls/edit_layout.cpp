@@ -12,13 +12,12 @@ namespace edit {
 HGDIOBJ EditControl::FontHandle() const
 {
     // Without a font of its own an edit control writes in the system font.
-    return gdi::Find<gdi::FontData>(m_font) ? m_font : GetStockObject(SYSTEM_FONT);
+    return gdi::FontOr(m_font, SYSTEM_FONT);
 }
 
 gdi::FontMetrics EditControl::Font() const
 {
-    const gdi::FontData* font = gdi::Find<gdi::FontData>(FontHandle());
-    return font ? gdi::MetricsOf(*font) : gdi::FontMetrics();
+    return gdi::MetricsOfHandle(FontHandle());
 }
 
 CRect EditControl::FormatRect() const
@@ -37,10 +36,15 @@ int EditControl::Width(int from, int to) const
     from = std::clamp(from, 0, m_buffer.Length());
     to = std::clamp(to, from, m_buffer.Length());
     const gdi::FontMetrics font = Font();
-    if (!Has(ES_PASSWORD)) return gdi::TextWidth(font, std::string_view(text).substr(static_cast<size_t>(from), static_cast<size_t>(to - from)));
-    int characters = 0;
-    for (size_t at = static_cast<size_t>(from); at < static_cast<size_t>(to); at += static_cast<size_t>(GbkCharLength(text, at))) ++characters;
-    return characters * font.Advance(1);
+    const bool password = Has(ES_PASSWORD);
+    if (!password) return gdi::TextWidth(font, std::string_view(text).substr(static_cast<size_t>(from), static_cast<size_t>(to - from)));
+    int width = 0;
+    for (size_t at = static_cast<size_t>(from); at < static_cast<size_t>(to);) {
+        const int bytes = GbkCharLength(text, at);
+        width += ShownAdvance(font, password, bytes);
+        at += static_cast<size_t>(bytes);
+    }
+    return width;
 }
 
 int EditControl::TextLeft() const
@@ -64,11 +68,13 @@ int EditControl::XOf(int pos) const
 int EditControl::PosFromX(int x) const
 {
     const std::string& text = m_buffer.Text();
+    const gdi::FontMetrics font = Font();
+    const bool password = Has(ES_PASSWORD);
     int left = TextLeft();
     size_t at = 0;
     while (at < text.size()) {
         const int bytes = GbkCharLength(text, at);
-        const int right = left + Width(static_cast<int>(at), static_cast<int>(at) + bytes);
+        const int right = left + ShownAdvance(font, password, bytes);
         // Past the middle of a character the nearer boundary is after it.
         if (x < (left + right + 1) / 2) break;
         left = right;
@@ -100,9 +106,9 @@ void EditControl::ScrollToCaret()
     }
 }
 
-bool EditControl::FitsWidth(long long width) const
+int EditControl::TextRoom() const
 {
-    return width <= FormatRect().Width() - kCaretWidth;
+    return FormatRect().Width() - kCaretWidth;
 }
 
 }  // namespace edit

@@ -1,44 +1,15 @@
 // Selection and caret of the edit control: positions snap to whole
 // characters, keys and the mouse select, the clipboard takes and gives text,
 // and scrolling keeps the caret in view.
-#include <cstring>
-
 #include "edit_test_support.h"
-#include "platform/ole/clipboard.h"
+#include "tests/support/clipboard_text.h"
 
 using edit_test::EditFixture;
 using edit_test::kCharWidth;
 
 namespace {
 
-class EditSelection : public EditFixture {
-protected:
-    // Puts text on the clipboard as another program would.
-    static void PutOnClipboard(const std::string& text)
-    {
-        // Data needs an owner: any window will do.
-        ASSERT_TRUE(OpenClipboard(CWnd::GetFocus()->GetSafeHwnd()));
-        ASSERT_TRUE(EmptyClipboard());
-        HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
-        ASSERT_NE(block, nullptr);
-        auto* bytes = static_cast<char*>(GlobalLock(block));
-        std::memcpy(bytes, text.c_str(), text.size() + 1);
-        GlobalUnlock(block);
-        ASSERT_NE(SetClipboardData(CF_TEXT, block), nullptr);
-        CloseClipboard();
-    }
-    static std::string FromClipboard()
-    {
-        std::string text;
-        if (!OpenClipboard(nullptr)) return "<busy>";
-        if (HGLOBAL block = GetClipboardData(CF_TEXT)) {
-            text = static_cast<const char*>(GlobalLock(block));
-            GlobalUnlock(block);
-        }
-        CloseClipboard();
-        return text;
-    }
-};
+class EditSelection : public EditFixture {};
 
 }  // namespace
 
@@ -103,17 +74,49 @@ TEST_F(EditSelection, HomeEndShiftAndSelectAll)
     EXPECT_EQ(parent.Count(EN_CHANGE), 1);
 }
 
+TEST_F(EditSelection, WordsAreRunsOfWholeCharactersBetweenSpaces)
+{
+    Make();
+    // "\xB0 " is one double-byte character whose second byte is a space, so
+    // "\xB0 cd" is one word. Every character here is as wide as its bytes.
+    const std::string text = "ab " + GBK(u8"中文") + "  \xB0 cd";
+    edit.SetWindowText(text.c_str());
+    ASSERT_EQ(text.size(), 13u);
+    edit.SetSel(0, 0);
+    Input::Key(VK_RIGHT, Input::kControl);
+    EXPECT_EQ(Sel(), std::make_pair(3, 3));
+    Input::Key(VK_RIGHT, Input::kControl);
+    EXPECT_EQ(Sel(), std::make_pair(9, 9));
+    Input::Key(VK_RIGHT, Input::kControl);
+    EXPECT_EQ(Sel(), std::make_pair(13, 13));
+    Input::Key(VK_LEFT, Input::kControl);
+    EXPECT_EQ(Sel(), std::make_pair(9, 9));
+    Input::Key(VK_LEFT, Input::kControl | Input::kShift);
+    EXPECT_EQ(Sel(), std::make_pair(3, 9));
+    Input::Key(VK_LEFT, Input::kControl | Input::kShift);
+    EXPECT_EQ(Sel(), std::make_pair(0, 9));
+
+    // A double click takes the word with the spaces after it.
+    CRect rect;
+    edit.GetRect(&rect);
+    Input::DoubleClick(&edit, CPoint(rect.left + 5 * kCharWidth + 2, rect.top + 4));  // on 文
+    EXPECT_EQ(Sel(), std::make_pair(3, 9));
+    Input::Wait();
+    Input::DoubleClick(&edit, CPoint(rect.left + 12 * kCharWidth + 2, rect.top + 4));  // on d
+    EXPECT_EQ(Sel(), std::make_pair(9, 13));
+}
+
 TEST_F(EditSelection, CopyCutAndPasteGoThroughTheClipboard)
 {
     Make();
     edit.SetWindowText("copy me");
     edit.SetSel(0, 4);
     Input::Key('C', Input::kControl);
-    EXPECT_EQ(FromClipboard(), "copy");
+    EXPECT_EQ(test_clipboard::ClipboardText(), "copy");
     EXPECT_EQ(Text(), "copy me");
     edit.SetSel(4, 7);
     Input::Key('X', Input::kControl);
-    EXPECT_EQ(FromClipboard(), " me");
+    EXPECT_EQ(test_clipboard::ClipboardText(), " me");
     EXPECT_EQ(Text(), "copy");
     Input::Key(VK_HOME);
     parent.codes.clear();
@@ -122,7 +125,7 @@ TEST_F(EditSelection, CopyCutAndPasteGoThroughTheClipboard)
     EXPECT_EQ(parent.Count(EN_CHANGE), 1);
 
     // One line takes what comes before the first line break, within the limit.
-    PutOnClipboard("first\r\nsecond");
+    test_clipboard::PutClipboardText(edit.GetSafeHwnd(), "first\r\nsecond");
     edit.SetWindowText("");
     edit.SetLimitText(3);
     edit.Paste();
@@ -131,7 +134,7 @@ TEST_F(EditSelection, CopyCutAndPasteGoThroughTheClipboard)
     edit.SetPasswordChar('*');
     edit.SetSel(0, -1);
     edit.Copy();
-    EXPECT_EQ(FromClipboard(), "first\r\nsecond");
+    EXPECT_EQ(test_clipboard::ClipboardText(), "first\r\nsecond");
 }
 
 TEST_F(EditSelection, ClickingAndDraggingPlaceTheCaretAndSelect)
