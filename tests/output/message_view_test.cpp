@@ -9,10 +9,10 @@
 #include "platform/core/paint.h"
 #include "platform/input/input.h"
 #include "platform/menu/menu_driver.h"
-#include "platform/ole/clipboard.h"
 #include "platform/ole/global_memory.h"
 #include "siblings/orv_project_misc.h"
 #include "tests/support/test_host.h"
+#include "tests/support/clipboard_text.h"
 #include "tests/support/test_pane.h"
 #include "tests/support/window_pixels.h"
 
@@ -221,12 +221,7 @@ TEST_P(MessagePane, CopyPutsTheSelectionOnTheClipboard)
     CPoint screen(10, 10);
     view.ClientToScreen(&screen);
     view.ShowMenu(screen);
-    ASSERT_TRUE(OpenClipboard(nullptr));
-    HGLOBAL data = GetClipboardData(CF_TEXT);
-    ASSERT_NE(data, nullptr);
-    EXPECT_STREQ(static_cast<const char*>(GlobalLock(data)), "copy");
-    GlobalUnlock(data);
-    CloseClipboard();
+    EXPECT_EQ(test_clipboard::ClipboardText(), "copy");
 }
 
 TEST_P(MessagePane, UnterminatedFieldsAreReadWithinThemAndNullRecordsIgnored)
