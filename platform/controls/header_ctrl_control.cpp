@@ -3,8 +3,8 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <cstring>
 
+#include "platform/controls/control_notify.h"
 #include "platform/core/paint_dc.h"
 #include "platform/gdi/font.h"
 #include "platform/text/gbk.h"
@@ -14,26 +14,6 @@ namespace header {
 int HeightFor(const gdi::FontMetrics& font)
 {
     return font.height + kTextVerticalSpace;
-}
-
-HGDIOBJ EffectiveFont(HGDIOBJ font)
-{
-    return gdi::Find<gdi::FontData>(font) ? font : GetStockObject(DEFAULT_GUI_FONT);
-}
-
-int CopyText(std::string_view text, char* buffer, int size)
-{
-    if (!buffer || size <= 0) return 0;
-    // Never split a double-byte character, and always terminate.
-    size_t used = 0;
-    while (used < text.size()) {
-        const size_t bytes = static_cast<size_t>(GbkCharLength(text, used));
-        if (used + bytes > static_cast<size_t>(size) - 1) break;
-        used += bytes;
-    }
-    std::memcpy(buffer, text.data(), used);
-    buffer[used] = '\0';
-    return static_cast<int>(used);
 }
 
 HeaderControl::HeaderControl(CWnd* wnd) : m_wnd(wnd) {}
@@ -141,7 +121,7 @@ BOOL HeaderControl::OnGetItem(int index, HDITEM* item) const
     if (!item || !Valid(index)) return FALSE;
     const Item& source = m_items[static_cast<size_t>(index)];
     if (item->mask & HDI_WIDTH) item->cxy = source.width;
-    if (item->mask & HDI_TEXT) CopyText(source.text, item->pszText, item->cchTextMax);
+    if (item->mask & HDI_TEXT) CopyGbkText(source.text, item->pszText, static_cast<size_t>(std::max(item->cchTextMax, 0)));
     if (item->mask & HDI_FORMAT) item->fmt = source.format;
     if (item->mask & HDI_LPARAM) item->lParam = source.lParam;
     if (item->mask & HDI_IMAGE) item->iImage = source.image;
@@ -233,19 +213,11 @@ int HeaderControl::HitTest(POINT pt, UINT* flags) const
 
 bool HeaderControl::Notify(UINT code, int index, HDITEM* item, LRESULT* result)
 {
-    const HWND self = Hwnd();
     NMHEADER nm;
-    nm.hdr.hwndFrom = self;
-    nm.hdr.idFrom = static_cast<UINT_PTR>(m_wnd->GetDlgCtrlID());
-    nm.hdr.code = code;
     nm.iItem = index;
     nm.iButton = 0;
     nm.pitem = item;
-    const HWND parent = ::GetParent(self);
-    const LRESULT answer = parent ? ::SendMessage(parent, WM_NOTIFY, nm.hdr.idFrom, reinterpret_cast<LPARAM>(&nm)) : 0;
-    if (result) *result = answer;
-    // Nothing of this object may be touched once the window is gone.
-    return IsWindow(self) != FALSE;
+    return SendNotify(m_wnd, nm.hdr, code, result);
 }
 
 void HeaderControl::InvalidateFrom(int index)

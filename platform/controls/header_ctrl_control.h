@@ -4,7 +4,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "platform/controls/header_ctrl.h"
@@ -23,11 +22,6 @@ constexpr int kDividerGrip = 3;
 
 // The height a header wants for text of this font.
 int HeightFor(const gdi::FontMetrics& font);
-// The font a header draws with: its own, else the platform's GUI font.
-HGDIOBJ EffectiveFont(HGDIOBJ font);
-// Copies GBK text into a buffer of `size` bytes, terminated, never splitting
-// a double-byte character; returns the bytes copied. Nothing for no buffer.
-int CopyText(std::string_view text, char* buffer, int size);
 
 struct Item {
     std::string text;  // GBK

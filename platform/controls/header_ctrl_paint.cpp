@@ -12,7 +12,8 @@ void HeaderControl::Paint(CDC& dc)
     CRect client;
     m_wnd->GetClientRect(&client);
     dc.FillSolidRect(&client, GetSysColor(COLOR_BTNFACE));
-    CFont* font = CFont::FromHandle(EffectiveFont(reinterpret_cast<HGDIOBJ>(m_wnd->SendMessage(WM_GETFONT))));
+    // Its own font, else the platform's GUI font.
+    CFont* font = CFont::FromHandle(gdi::FontOr(reinterpret_cast<HGDIOBJ>(m_wnd->SendMessage(WM_GETFONT)), DEFAULT_GUI_FONT));
     CFont* oldFont = font ? dc.SelectObject(font) : nullptr;
     dc.SetBkMode(TRANSPARENT);
     dc.SetTextColor(GetSysColor(COLOR_BTNTEXT));

@@ -108,8 +108,7 @@ BOOL ListControl::OnSetColumnWidth(int index, int width)
         item.pszText = text;
         item.cchTextMax = static_cast<int>(sizeof text);
         ::SendMessage(header, HDM_GETITEM, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
-        const gdi::FontData* font = gdi::Find<gdi::FontData>(FontHandle());
-        width = gdi::TextWidth(font ? gdi::MetricsOf(*font) : gdi::FontMetrics(), text) + 2 * header::kTextPadding;
+        width = gdi::TextWidth(gdi::MetricsOfHandle(FontHandle()), text) + 2 * header::kTextPadding;
         // Fitting the heading, the last column also takes whatever room is
         // left on the right.
         if (fill) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "platform/controls/control_notify.h"
 #include "platform/controls/header_ctrl_control.h"
 #include "platform/core/input_state.h"
 #include "platform/core/paint_dc.h"
@@ -250,13 +251,13 @@ void ListControl::OnCreate()
 
 HGDIOBJ ListControl::FontHandle() const
 {
-    return header::EffectiveFont(m_font);
+    // The header and the lines share one font: the list's own, else the GUI font.
+    return gdi::FontOr(m_font, DEFAULT_GUI_FONT);
 }
 
 int ListControl::FontHeight() const
 {
-    const gdi::FontData* font = gdi::Find<gdi::FontData>(FontHandle());
-    return font ? gdi::MetricsOf(*font).height : gdi::FontMetrics().height;
+    return gdi::MetricsOfHandle(FontHandle()).height;
 }
 
 void ListControl::OnSetFont(HGDIOBJ font, bool redraw)
@@ -297,8 +298,7 @@ void ListControl::PlaceHeader()
     if (!header) return;
     CRect client;
     m_wnd->GetClientRect(&client);
-    const gdi::FontData* font = gdi::Find<gdi::FontData>(FontHandle());
-    const int height = Has(LVS_NOCOLUMNHEADER) ? 0 : header::HeightFor(font ? gdi::MetricsOf(*font) : gdi::FontMetrics());
+    const int height = Has(LVS_NOCOLUMNHEADER) ? 0 : header::HeightFor(gdi::MetricsOfHandle(FontHandle()));
     CRect now;
     ::GetWindowRect(header, &now);
     m_wnd->ScreenToClient(&now);
@@ -377,16 +377,7 @@ COLORREF ListControl::BackgroundColor() const
 
 bool ListControl::Notify(NMHDR& header, UINT code, LRESULT* result)
 {
-    const HWND self = Hwnd();
-    header.hwndFrom = self;
-    header.idFrom = static_cast<UINT_PTR>(m_wnd->GetDlgCtrlID());
-    header.code = code;
-    const HWND parent = ::GetParent(self);
-    const LRESULT answer = parent ? ::SendMessage(parent, WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header)) : 0;
-    if (result) *result = answer;
-    // Nothing of this object may be touched once the window is gone: the
-    // handler may have deleted it.
-    return IsWindow(self) != FALSE;
+    return SendNotify(m_wnd, header, code, result);
 }
 
 bool ListControl::NotifyItemChanged(int index, UINT oldState, UINT newState)
@@ -405,9 +396,9 @@ bool ListControl::NotifyActivate(UINT code, int index, int column, POINT pt, LRE
     nm.iItem = index;
     nm.iSubItem = std::max(column, 0);
     nm.ptAction = pt;
-    if (GetKeyState(static_cast<int>(VK_MENU)) < 0) nm.uKeyFlags |= LVKF_ALT;
-    if (GetKeyState(static_cast<int>(VK_CONTROL)) < 0) nm.uKeyFlags |= LVKF_CONTROL;
-    if (GetKeyState(static_cast<int>(VK_SHIFT)) < 0) nm.uKeyFlags |= LVKF_SHIFT;
+    if (IsKeyDown(VK_MENU)) nm.uKeyFlags |= LVKF_ALT;
+    if (IsKeyDown(VK_CONTROL)) nm.uKeyFlags |= LVKF_CONTROL;
+    if (IsKeyDown(VK_SHIFT)) nm.uKeyFlags |= LVKF_SHIFT;
     if (Valid(index)) nm.uNewState = nm.uOldState = StateOf(index);
     return Notify(nm.hdr, code, result);
 }

@@ -9,15 +9,6 @@
 
 namespace listview {
 
-namespace {
-
-bool KeyHeld(UINT key)
-{
-    return GetKeyState(static_cast<int>(key)) < 0;
-}
-
-}  // namespace
-
 void ListControl::OnButtonDown(POINT pt, bool right, bool doubleClick, UINT keys)
 {
     const HWND self = Hwnd();
@@ -134,7 +125,7 @@ void ListControl::OnKeyDown(UINT key)
     }
     case VK_SPACE:
         if (Valid(focus)) {
-            const bool toggle = !SingleSelect() && KeyHeld(VK_CONTROL);
+            const bool toggle = !SingleSelect() && IsKeyDown(VK_CONTROL);
             const UINT selected = toggle && m_selected.Contains(focus) ? 0 : LVIS_SELECTED;
             ChangeState(focus, selected, LVIS_SELECTED);
         }
@@ -156,9 +147,9 @@ void ListControl::MoveFocusTo(int index)
     const HWND self = Hwnd();
     const bool multi = !SingleSelect();
     bool ok = true;
-    if (multi && KeyHeld(VK_SHIFT)) {
+    if (multi && IsKeyDown(VK_SHIFT)) {
         ok = SelectRange(index);
-    } else if (multi && KeyHeld(VK_CONTROL)) {
+    } else if (multi && IsKeyDown(VK_CONTROL)) {
         ok = ChangeState(index, LVIS_FOCUSED, LVIS_FOCUSED);
     } else if (index != m_focus || !m_selected.Contains(index) || m_selected.Count() != 1) {
         ok = SelectOnly(index);

@@ -21,9 +21,6 @@ constexpr int kCellPadding = 6;
 // A press on an item starts a drag once the pointer has moved further than
 // this in either direction.
 constexpr int kDragThreshold = 4;
-// Wheel: the platform's notch and the lines one notch scrolls.
-constexpr int kWheelDelta = 120;
-constexpr int kWheelLines = 3;
 // Pixels one horizontal scroll line moves.
 constexpr int kHorizontalLine = 8;
 // The most items an owner-data list accepts.

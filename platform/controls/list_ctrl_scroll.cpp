@@ -2,6 +2,8 @@
 // wheel that move them.
 #include "platform/controls/list_ctrl_control.h"
 
+#include "platform/core/input_state.h"
+
 namespace listview {
 
 bool ListControl::EnsureVisible(int index, bool partialOK)
@@ -72,11 +74,8 @@ void ListControl::OnHScroll(UINT code, int position)
 
 void ListControl::OnMouseWheel(int delta)
 {
-    // Partial notches (fine-grained wheels) add up until they make a whole one.
-    m_wheelRemainder += delta;
-    const int notches = m_wheelRemainder / kWheelDelta;
-    m_wheelRemainder -= notches * kWheelDelta;
-    if (notches) ScrollTo(static_cast<long long>(m_top) - static_cast<long long>(notches) * kWheelLines);
+    const int notches = TakeWheelNotches(m_wheelRemainder, delta);
+    if (notches) ScrollTo(static_cast<long long>(m_top) - static_cast<long long>(notches) * kWheelScrollLines);
 }
 
 }  // namespace listview

@@ -3,6 +3,8 @@
 
 #include <cstring>
 
+#include "platform/controls/control_notify.h"
+#include "platform/core/input_state.h"
 #include "platform/core/paint_dc.h"
 #include "platform/gdi/image_list.h"
 #include "platform/gdi/sys_color.h"
@@ -283,33 +285,13 @@ HTREEITEM TreeControl::OnGetNextItem(UINT code, HTREEITEM handle)
     }
 }
 
-namespace {
-
-// Copies text into a caller's buffer of `size` bytes: always terminated, cut
-// before a double-byte character that would not fit whole.
-void CopyText(const std::string& text, char* buffer, int size)
-{
-    if (!buffer || size <= 0) return;
-    const size_t room = static_cast<size_t>(size) - 1;
-    size_t end = 0;
-    while (end < text.size()) {
-        const size_t next = end + static_cast<size_t>(GbkCharLength(text, end));
-        if (next > room) break;
-        end = next;
-    }
-    std::memcpy(buffer, text.data(), end);
-    buffer[end] = '\0';
-}
-
-}  // namespace
-
 BOOL TreeControl::OnGetItem(TVITEM* out)
 {
     if (!out) return FALSE;
     const Slot slot = Resolve(out->hItem);
     if (slot == kNone) return FALSE;
     const Item& item = m_model.At(slot);
-    if (out->mask & TVIF_TEXT) CopyText(item.text, out->pszText, out->cchTextMax);
+    if (out->mask & TVIF_TEXT) CopyGbkText(item.text, out->pszText, static_cast<size_t>(std::max(out->cchTextMax, 0)));
     if (out->mask & TVIF_IMAGE) out->iImage = item.image;
     if (out->mask & TVIF_SELECTEDIMAGE) out->iSelectedImage = item.selectedImage;
     if (out->mask & TVIF_PARAM) out->lParam = item.data;
@@ -623,27 +605,15 @@ void TreeControl::OnVScroll(UINT code, int position)
 
 void TreeControl::OnMouseWheel(int delta)
 {
-    // Partial notches (fine-grained wheels) add up until they make a whole one.
-    m_wheelRemainder += delta;
-    const int notches = m_wheelRemainder / kWheelDelta;
-    m_wheelRemainder -= notches * kWheelDelta;
-    if (notches) ScrollBy(-notches * kWheelLines);
+    const int notches = TakeWheelNotches(m_wheelRemainder, delta);
+    if (notches) ScrollBy(-notches * kWheelScrollLines);
 }
 
 // ---------------------------------------------------------------- notifications
 
 bool TreeControl::Notify(NMHDR& header, UINT code, LRESULT* result)
 {
-    const HWND self = Hwnd();
-    header.hwndFrom = self;
-    header.idFrom = static_cast<UINT_PTR>(m_wnd->GetDlgCtrlID());
-    header.code = code;
-    const HWND parent = ::GetParent(self);
-    const LRESULT answer = parent ? ::SendMessage(parent, WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header)) : 0;
-    if (result) *result = answer;
-    // Nothing of this object may be touched once the window is gone: the
-    // handler may have deleted it.
-    return IsWindow(self) != FALSE;
+    return SendNotify(m_wnd, header, code, result);
 }
 
 bool TreeControl::NotifySimple(UINT code, LRESULT* result)
@@ -654,17 +624,9 @@ bool TreeControl::NotifySimple(UINT code, LRESULT* result)
 
 // ---------------------------------------------------------------- geometry
 
-const gdi::FontData& TreeControl::FontData() const
-{
-    if (const gdi::FontData* font = gdi::Find<gdi::FontData>(m_font)) return *font;
-    static const gdi::FontData fallback;
-    const gdi::FontData* stock = gdi::Find<gdi::FontData>(GetStockObject(DEFAULT_GUI_FONT));
-    return stock ? *stock : fallback;
-}
-
 HGDIOBJ TreeControl::FontHandle() const
 {
-    return gdi::Find<gdi::FontData>(m_font) ? m_font : GetStockObject(DEFAULT_GUI_FONT);
+    return gdi::FontOr(m_font, DEFAULT_GUI_FONT);
 }
 
 Metrics TreeControl::ComputeMetrics() const
@@ -672,7 +634,7 @@ Metrics TreeControl::ComputeMetrics() const
     Metrics m;
     m.style = m_wnd->GetStyle();
     m_wnd->GetClientRect(&m.client);
-    m.font = gdi::MetricsOf(FontData());
+    m.font = gdi::MetricsOfHandle(FontHandle());
     int cx = 0, cy = 0;
     if (m_images && ImageList_GetIconSize(m_images, &cx, &cy)) m.imageCx = cx, m.imageCy = cy;
     if (m_stateImages && ImageList_GetIconSize(m_stateImages, &cx, &cy)) m.stateCx = cx, m.stateCy = cy;

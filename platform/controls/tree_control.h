@@ -70,7 +70,6 @@ private:
 
     // ---- geometry (tree_layout.cpp holds the arithmetic)
     Metrics ComputeMetrics() const;
-    const gdi::FontData& FontData() const;
     HGDIOBJ FontHandle() const;
     int TextWidth(const Metrics& m, const Item& item) const;
     RowLayout Layout(const Metrics& m, Slot slot, int row, int top) const;

@@ -139,7 +139,7 @@ void TreeControl::OnKeyDown(UINT key)
     const int page = m.PageRows();
     const int step = std::max(1, page - 1);
 
-    if (GetKeyState(static_cast<int>(VK_CONTROL)) < 0) {
+    if (IsKeyDown(VK_CONTROL)) {
         // With Control the view scrolls and the caret stays.
         switch (key) {
         case VK_UP: ScrollTo(top - 1); return;

@@ -22,9 +22,6 @@ constexpr int kLabelPadding = 2;
 constexpr int kButtonSize = 9;
 // Arms of the + and - signs inside the button, from the centre.
 constexpr int kSignArm = 2;
-// Wheel: the platform's notch and the lines one notch scrolls.
-constexpr int kWheelDelta = 120;
-constexpr int kWheelLines = 3;
 
 struct Metrics {
     DWORD style = 0;

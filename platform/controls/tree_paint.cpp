@@ -149,7 +149,8 @@ CFont* TreeControl::HotFont()
     const HGDIOBJ source = FontHandle();
     if (source != m_hotFontSource || !gdi::Find<gdi::FontData>(m_hotFont.GetSafeHandle())) {
         m_hotFont.DeleteObject();
-        LOGFONT logFont = FontData().logFont;
+        const gdi::FontData* font = gdi::Find<gdi::FontData>(source);
+        LOGFONT logFont = font ? font->logFont : LOGFONT{};
         logFont.lfUnderline = 1;
         m_hotFont.CreateFontIndirect(&logFont);
         m_hotFontSource = source;
