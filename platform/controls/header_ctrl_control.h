@@ -22,6 +22,9 @@ constexpr int kDividerGrip = 3;
 
 // The height a header wants for text of this font.
 int HeightFor(const gdi::FontMetrics& font);
+// DrawText flags for a heading of this HDF_* format; the list draws its cells
+// with them too, so a column's cells line up with its heading.
+UINT TextFormat(int format);
 
 struct Item {
     std::string text;  // GBK

@@ -7,6 +7,16 @@
 
 namespace header {
 
+UINT TextFormat(int format)
+{
+    const UINT flags = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS;
+    switch (format & HDF_JUSTIFYMASK) {
+    case HDF_RIGHT: return flags | DT_RIGHT;
+    case HDF_CENTER: return flags | DT_CENTER;
+    default: return flags | DT_LEFT;
+    }
+}
+
 void HeaderControl::Paint(CDC& dc)
 {
     CRect client;
@@ -44,16 +54,8 @@ void HeaderControl::PaintButton(CDC& dc, const CRect& rect, const Item* item, bo
     text.DeflateRect(kTextPadding, 0);
     if (pressed) text.OffsetRect(1, 1);
     if (text.IsRectEmpty()) return;
-    UINT format = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS;
-    switch (item->format & HDF_JUSTIFYMASK) {
-    case HDF_RIGHT: format |= DT_RIGHT; break;
-    case HDF_CENTER: format |= DT_CENTER; break;
-    default: format |= DT_LEFT; break;
-    }
-    dc.SaveDC();
-    dc.IntersectClipRect(&text);
-    dc.DrawText(item->text.c_str(), static_cast<int>(item->text.size()), &text, format);
-    dc.RestoreDC(-1);
+    // DrawText clips to the rectangle itself.
+    dc.DrawText(item->text.c_str(), static_cast<int>(item->text.size()), &text, TextFormat(item->format));
 }
 
 }  // namespace header

@@ -346,9 +346,9 @@ Geometry ListControl::ComputeGeometry() const
         int left = 0;
         for (int i = 0; i < columns; ++i) {
             HDITEM item;
-            item.mask = HDI_WIDTH;
+            item.mask = HDI_WIDTH | HDI_FORMAT;
             ::SendMessage(header, HDM_GETITEM, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
-            g.columns.push_back({left, left + item.cxy});
+            g.columns.push_back({left, left + item.cxy, item.fmt});
             left += item.cxy;
         }
     }

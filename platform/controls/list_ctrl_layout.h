@@ -31,6 +31,7 @@ constexpr int kMaxItemCount = 100'000'000;
 struct Column {
     int left = 0;
     int right = 0;
+    int format = 0;  // HDF_* of its heading: how its cells align
 };
 
 struct Geometry {

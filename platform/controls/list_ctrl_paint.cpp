@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "platform/controls/header_ctrl_control.h"
 #include "platform/gdi/dc.h"
 #include "platform/gdi/font.h"
 #include "platform/gdi/sys_color.h"
@@ -91,18 +92,10 @@ void ListControl::PaintTexts(CDC& dc, const Geometry& g, int index, UINT state)
         dc.SetTextColor(GetSysColor(lit ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
         cell.DeflateRect(kCellPadding, 0);
         if (cell.IsRectEmpty() || length == 0) continue;
-        UINT format = DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS;
-        if (column > 0) {
-            HDITEM item;
-            item.mask = HDI_FORMAT;
-            ::SendMessage(HeaderHwnd(), HDM_GETITEM, column, reinterpret_cast<LPARAM>(&item));
-            if ((item.fmt & HDF_JUSTIFYMASK) == HDF_RIGHT) format |= DT_RIGHT;
-            else if ((item.fmt & HDF_JUSTIFYMASK) == HDF_CENTER) format |= DT_CENTER;
-        }
-        dc.SaveDC();
-        dc.IntersectClipRect(&cell);
-        dc.DrawText(text, length, &cell, format);
-        dc.RestoreDC(-1);
+        // The first column is always left-aligned, as on the platform;
+        // DrawText clips to the cell itself.
+        const int format = column > 0 ? g.columns[column].format : HDF_LEFT;
+        dc.DrawText(text, length, &cell, header::TextFormat(format));
     }
     if (!IsWindow(self)) return;
     dc.RestoreDC(saved);

@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <map>
+#include <string>
 #include <vector>
 
 #include "platform/controls/list_ctrl.h"
@@ -14,6 +16,7 @@
 #include "platform/gdi/surface.h"
 #include "platform/gdi/sys_color.h"
 #include "platform/input/input.h"
+#include "platform/text/gbk.h"
 
 namespace list_test {
 
@@ -48,8 +51,7 @@ public:
     std::map<UINT, LRESULT> answers;  // what to return per notification code
     bool handleDrawItem = false;      // draw lines here instead of reflecting
     int measuredHeight = 0;           // answer WM_MEASUREITEM here when set
-    // Runs at each LVN_ITEMCHANGED, before answering.
-    void (*onItemChanged)(Parent&) = nullptr;
+    std::vector<std::string> cellTexts;  // LVN_GETDISPINFO: the text of each sub-item, on every line
     CWnd* destroyOnChange = nullptr;
 
     int Count(UINT code) const
@@ -144,16 +146,17 @@ private:
             e.from2 = nm.iFrom;
             e.to = nm.iTo;
             e.newState = nm.uNewState;
+        } else if (code == LVN_GETDISPINFO) {
+            auto& item = reinterpret_cast<NMLVDISPINFO&>(header).item;
+            const auto sub = static_cast<size_t>(item.iSubItem);
+            if (sub < cellTexts.size()) CopyGbkText(cellTexts[sub], item.pszText, static_cast<size_t>(std::max(item.cchTextMax, 0)));
         } else if (code >= HDN_TRACK && code <= HDN_ITEMCHANGING) {
             const auto& nm = reinterpret_cast<const NMHEADER&>(header);
             e.item = nm.iItem;
             if (nm.pitem && (nm.pitem->mask & HDI_WIDTH)) e.width = nm.pitem->cxy;
         }
         events.push_back(e);
-        if (code == LVN_ITEMCHANGED) {
-            if (onItemChanged) onItemChanged(*this);
-            if (destroyOnChange) destroyOnChange->DestroyWindow();
-        }
+        if (code == LVN_ITEMCHANGED && destroyOnChange) destroyOnChange->DestroyWindow();
         const auto answer = answers.find(code);
         return answer == answers.end() ? 0 : answer->second;
     }
