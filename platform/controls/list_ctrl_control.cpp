@@ -83,17 +83,17 @@ bool ListControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
         const long long dy = static_cast<int>(lParam);
         // Report view scrolls whole lines: the nearest number of them.
         const long long lines = dy >= 0 ? (dy + g.lineHeight / 2) / g.lineHeight : -((-dy + g.lineHeight / 2) / g.lineHeight);
-        ScrollXTo(static_cast<long long>(m_scrollX) + static_cast<int>(wParam));
-        ScrollTo(m_top + lines);
+        ScrollXTo(g, static_cast<long long>(m_scrollX) + static_cast<int>(wParam));
+        ScrollTo(g, m_top + lines);
         *result = TRUE;
         return true;
     }
     case LVM_REDRAWITEMS: {
-        const int first = std::max(static_cast<int>(wParam), 0);
-        const int last = std::min(static_cast<int>(lParam), m_count - 1);
+        // The lines named that are shown, as one run.
         const Geometry g = ComputeGeometry();
-        const int shownLast = std::min(last, g.top + g.PageLines());
-        for (int i = std::max(first, g.top); i <= shownLast; ++i) InvalidateLine(i);
+        const int first = std::max({static_cast<int>(wParam), 0, g.top});
+        const int last = std::min({static_cast<int>(lParam), m_count - 1, g.top + g.PageLines()});
+        InvalidateLines(g, first, last + 1);
         *result = TRUE;
         return true;
     }
@@ -410,17 +410,19 @@ void ListControl::InvalidateLine(int index)
     if (!Valid(index) || !Hwnd()) return;
     const Geometry g = ComputeGeometry();
     if (index < g.top || index > g.top + g.PageLines()) return;
-    CRect line = g.LineBounds(index);
-    // Owner drawing and highlights may reach past the columns.
-    line.left = g.client.left;
-    line.right = g.client.right;
-    ::InvalidateRect(Hwnd(), &line, TRUE);
+    InvalidateLines(g, index, index + 1);
 }
 
-void ListControl::InvalidateItems()
+void ListControl::InvalidateLines(const Geometry& g, int from, int to)
+{
+    if (from >= to || !Hwnd()) return;
+    const CRect lines = g.RowsRect(from, to);
+    ::InvalidateRect(Hwnd(), &lines, TRUE);
+}
+
+void ListControl::InvalidateItems(const Geometry& g)
 {
     if (!Hwnd()) return;
-    const Geometry g = ComputeGeometry();
     CRect items = g.client;
     items.top = g.ItemsTop();
     ::InvalidateRect(Hwnd(), &items, TRUE);

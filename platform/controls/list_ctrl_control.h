@@ -64,8 +64,9 @@ private:
 
     // ---- scrolling
     bool EnsureVisible(int index, bool partialOK);
-    void ScrollTo(long long top);
-    void ScrollXTo(long long x);
+    // g: the geometry as it is before the move.
+    void ScrollTo(const Geometry& g, long long top);
+    void ScrollXTo(const Geometry& g, long long x);
     void OnVScroll(UINT code, int position);
     void OnHScroll(UINT code, int position);
     void OnMouseWheel(int delta);
@@ -81,7 +82,9 @@ private:
 
     // ---- invalidation
     void InvalidateLine(int index);
-    void InvalidateItems();
+    void InvalidateLines(const Geometry& g, int from, int to);  // [from, to)
+    void InvalidateItems() { InvalidateItems(ComputeGeometry()); }
+    void InvalidateItems(const Geometry& g);
 
     // ---- painting (list_ctrl_paint.cpp)
     void Paint(CDC& dc, const CRect& clip);

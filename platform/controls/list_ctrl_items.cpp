@@ -30,12 +30,7 @@ BOOL ListControl::OnSetItemCount(int count, DWORD flags)
         // Only the lines that appeared or went away look different.
         const Geometry g = ComputeGeometry();
         const auto [first, last] = g.LinesIn(g.ItemsTop(), g.client.bottom);
-        const int from = std::max(std::min(old, count), first);
-        const int to = std::min(std::max(old, count), last);
-        if (from < to) {
-            CRect area(g.client.left, g.LineTop(from), g.client.right, g.LineTop(to));
-            ::InvalidateRect(Hwnd(), &area, TRUE);
-        }
+        InvalidateLines(g, std::max(std::min(old, count), first), std::min(std::max(old, count), last));
     }
     return TRUE;
 }

@@ -64,6 +64,11 @@ CRect Geometry::CellRect(int index, int column) const
     return CRect(client.left - scrollX + c.left, y, client.left - scrollX + c.right, y + lineHeight);
 }
 
+CRect Geometry::RowsRect(int from, int to) const
+{
+    return CRect(client.left, LineTop(from), client.right, LineTop(to));
+}
+
 std::pair<int, int> Geometry::LinesIn(int yTop, int yBottom) const
 {
     const int from = std::max(yTop, ItemsTop());

@@ -59,6 +59,9 @@ struct Geometry {
     CRect LineBounds(int index) const;
     // One column of a line; the empty rectangle for a bad column.
     CRect CellRect(int index, int column) const;
+    // Lines [from, to) across the whole client width: owner drawing and
+    // highlights may reach past the columns.
+    CRect RowsRect(int from, int to) const;
     // Lines [first, last) that meet client rows [yTop, yBottom), whether or
     // not items exist there.
     std::pair<int, int> LinesIn(int yTop, int yBottom) const;

@@ -12,26 +12,26 @@ bool ListControl::EnsureVisible(int index, bool partialOK)
     const Geometry g = ComputeGeometry();
     const int page = g.PageLines();
     if (index < g.top) {
-        ScrollTo(index);
+        ScrollTo(g, index);
     } else if (index >= static_cast<long long>(g.top) + page) {
         // A line cut off at the bottom counts as shown when that is enough.
         const bool partlyShown = g.LineTop(index) < g.client.bottom;
-        if (!(partialOK && partlyShown)) ScrollTo(static_cast<long long>(index) - page + 1);
+        if (!(partialOK && partlyShown)) ScrollTo(g, static_cast<long long>(index) - page + 1);
     }
     return true;
 }
 
-void ListControl::ScrollTo(long long top)
+void ListControl::ScrollTo(const Geometry& g, long long top)
 {
-    const int clamped = ComputeGeometry().ClampTop(top);
+    const int clamped = g.ClampTop(top);
     if (clamped == m_top) return;
     m_top = clamped;
-    InvalidateItems();
+    InvalidateItems(g);
 }
 
-void ListControl::ScrollXTo(long long x)
+void ListControl::ScrollXTo(const Geometry& g, long long x)
 {
-    const int clamped = ComputeGeometry().ClampScrollX(x);
+    const int clamped = g.ClampScrollX(x);
     if (clamped == m_scrollX) return;
     m_scrollX = clamped;
     PlaceHeader();
@@ -43,14 +43,14 @@ void ListControl::OnVScroll(UINT code, int position)
     const Geometry g = ComputeGeometry();
     const long long top = g.top;
     switch (code) {
-    case SB_LINEUP: ScrollTo(top - 1); break;
-    case SB_LINEDOWN: ScrollTo(top + 1); break;
-    case SB_PAGEUP: ScrollTo(top - g.PageLines()); break;
-    case SB_PAGEDOWN: ScrollTo(top + g.PageLines()); break;
+    case SB_LINEUP: ScrollTo(g, top - 1); break;
+    case SB_LINEDOWN: ScrollTo(g, top + 1); break;
+    case SB_PAGEUP: ScrollTo(g, top - g.PageLines()); break;
+    case SB_PAGEDOWN: ScrollTo(g, top + g.PageLines()); break;
     case SB_THUMBPOSITION:
-    case SB_THUMBTRACK: ScrollTo(position); break;
-    case SB_TOP: ScrollTo(0); break;
-    case SB_BOTTOM: ScrollTo(g.MaxTop()); break;
+    case SB_THUMBTRACK: ScrollTo(g, position); break;
+    case SB_TOP: ScrollTo(g, 0); break;
+    case SB_BOTTOM: ScrollTo(g, g.MaxTop()); break;
     default: break;
     }
 }
@@ -60,14 +60,14 @@ void ListControl::OnHScroll(UINT code, int position)
     const Geometry g = ComputeGeometry();
     const long long x = g.scrollX;
     switch (code) {
-    case SB_LINEUP: ScrollXTo(x - kHorizontalLine); break;
-    case SB_LINEDOWN: ScrollXTo(x + kHorizontalLine); break;
-    case SB_PAGEUP: ScrollXTo(x - g.client.Width()); break;
-    case SB_PAGEDOWN: ScrollXTo(x + g.client.Width()); break;
+    case SB_LINEUP: ScrollXTo(g, x - kHorizontalLine); break;
+    case SB_LINEDOWN: ScrollXTo(g, x + kHorizontalLine); break;
+    case SB_PAGEUP: ScrollXTo(g, x - g.client.Width()); break;
+    case SB_PAGEDOWN: ScrollXTo(g, x + g.client.Width()); break;
     case SB_THUMBPOSITION:
-    case SB_THUMBTRACK: ScrollXTo(position); break;
-    case SB_TOP: ScrollXTo(0); break;
-    case SB_BOTTOM: ScrollXTo(g.MaxScrollX()); break;
+    case SB_THUMBTRACK: ScrollXTo(g, position); break;
+    case SB_TOP: ScrollXTo(g, 0); break;
+    case SB_BOTTOM: ScrollXTo(g, g.MaxScrollX()); break;
     default: break;
     }
 }
@@ -75,7 +75,7 @@ void ListControl::OnHScroll(UINT code, int position)
 void ListControl::OnMouseWheel(int delta)
 {
     const int notches = TakeWheelNotches(m_wheelRemainder, delta);
-    if (notches) ScrollTo(static_cast<long long>(m_top) - static_cast<long long>(notches) * kWheelScrollLines);
+    if (notches) ScrollTo(ComputeGeometry(), static_cast<long long>(m_top) - static_cast<long long>(notches) * kWheelScrollLines);
 }
 
 }  // namespace listview

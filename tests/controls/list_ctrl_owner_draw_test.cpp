@@ -168,6 +168,61 @@ TEST_F(ListOwnerDraw, RedrawItemsRepaintsOnlyTheLinesNamed)
     EXPECT_EQ(list.drawn[0].itemID, 7u);
 }
 
+namespace {
+
+std::vector<UINT> Ids(const std::vector<DRAWITEMSTRUCT>& drawn)
+{
+    std::vector<UINT> ids;
+    for (const DRAWITEMSTRUCT& d : drawn) ids.push_back(d.itemID);
+    return ids;
+}
+
+}  // namespace
+
+TEST_F(ListOwnerDraw, RedrawItemsKeepsToTheLinesShown)
+{
+    Make(list_test::kGridStyle, 100);
+    list.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 10));
+    Paint::UpdateAllWindows();
+    ASSERT_EQ(list.GetTopIndex(), 10);
+    // Lines 10 to 21 show, the last one cut off at the bottom.
+    list.drawn.clear();
+    ASSERT_TRUE(list.RedrawItems(0, 1000));
+    Paint::UpdateAllWindows();
+    std::vector<UINT> shown;
+    for (UINT i = 10; i <= 21; ++i) shown.push_back(i);
+    EXPECT_EQ(Ids(list.drawn), shown);
+    list.drawn.clear();
+    ASSERT_TRUE(list.RedrawItems(20, 30));
+    Paint::UpdateAllWindows();
+    EXPECT_EQ(Ids(list.drawn), (std::vector<UINT>{20, 21}));
+    list.drawn.clear();
+    ASSERT_TRUE(list.RedrawItems(2, 9));  // all above the page
+    Paint::UpdateAllWindows();
+    EXPECT_TRUE(list.drawn.empty());
+}
+
+TEST_F(ListOwnerDraw, ACountChangeWithoutInvalidatingAllRedrawsOnlyTheLinesThatChange)
+{
+    Make(list_test::kGridStyle, 5);
+    list.drawn.clear();
+    ASSERT_TRUE(list.SetItemCountEx(8, LVSICF_NOINVALIDATEALL));
+    Paint::UpdateAllWindows();
+    EXPECT_EQ(Ids(list.drawn), (std::vector<UINT>{5, 6, 7}));
+    // Lines that go are cleared, with nothing left to draw on them.
+    list.drawn.clear();
+    ASSERT_TRUE(list.SetItemCountEx(6, LVSICF_NOINVALIDATEALL));
+    Paint::UpdateAllWindows();
+    EXPECT_TRUE(list.drawn.empty());
+    EXPECT_EQ(Pixel(50, kHeaderHeight + 5 * kLineHeight + 3), Color(DrawnList::ColorOf(5)));
+    EXPECT_EQ(Pixel(50, kHeaderHeight + 6 * kLineHeight + 3), Color(GetSysColor(COLOR_WINDOW)));
+    // Without the flag every line is drawn again.
+    list.drawn.clear();
+    ASSERT_TRUE(list.SetItemCountEx(7, 0));
+    Paint::UpdateAllWindows();
+    EXPECT_EQ(Ids(list.drawn), (std::vector<UINT>{0, 1, 2, 3, 4, 5, 6}));
+}
+
 TEST_F(ListOwnerDraw, AParentThatDrawsKeepsTheListsDrawItemOut)
 {
     parent.handleDrawItem = true;
