@@ -156,12 +156,18 @@ bool HeaderControl::SetWidth(int index, int width)
     return ChangeItem(index, change);
 }
 
+int HeaderControl::LeftOf(int index) const
+{
+    int left = 0;
+    for (int i = 0; i < index && i < Count(); ++i) left += m_items[static_cast<size_t>(i)].width;
+    return left;
+}
+
 CRect HeaderControl::ItemRect(int index) const
 {
     CRect client;
     m_wnd->GetClientRect(&client);
-    int left = 0;
-    for (int i = 0; i < index; ++i) left += m_items[static_cast<size_t>(i)].width;
+    const int left = LeftOf(index);
     return CRect(left, 0, left + m_items[static_cast<size_t>(index)].width, client.bottom);
 }
 
@@ -180,10 +186,12 @@ int HeaderControl::HitTest(POINT pt, UINT* flags) const
         *flags = outside;
         return -1;
     }
-    // The nearest edge within the grip wins; at equal distance the later
-    // item, so that a column dragged down to nothing can be pulled open again.
+    // A divider within the grip comes before the button under the point.
+    // The nearest edge wins; at equal distance the later item, so that a
+    // column dragged down to nothing can be pulled open again.
     int divider = -1;
     int best = kDividerGrip + 1;
+    int under = -1;
     int left = 0;
     for (int i = 0; i < Count(); ++i) {
         const int right = left + m_items[static_cast<size_t>(i)].width;
@@ -192,23 +200,15 @@ int HeaderControl::HitTest(POINT pt, UINT* flags) const
             best = distance;
             divider = i;
         }
+        if (under < 0 && pt.x >= left && pt.x < right) under = i;
         left = right;
     }
     if (divider >= 0) {
         *flags = HHT_ONDIVIDER;
         return divider;
     }
-    left = 0;
-    for (int i = 0; i < Count(); ++i) {
-        const int right = left + m_items[static_cast<size_t>(i)].width;
-        if (pt.x >= left && pt.x < right) {
-            *flags = HHT_ONHEADER;
-            return i;
-        }
-        left = right;
-    }
-    *flags = HHT_NOWHERE;
-    return -1;
+    *flags = under >= 0 ? HHT_ONHEADER : HHT_NOWHERE;
+    return under;
 }
 
 bool HeaderControl::Notify(UINT code, int index, HDITEM* item, LRESULT* result)
@@ -225,9 +225,7 @@ void HeaderControl::InvalidateFrom(int index)
     if (!Hwnd()) return;
     CRect client;
     m_wnd->GetClientRect(&client);
-    int left = 0;
-    for (int i = 0; i < index && i < Count(); ++i) left += m_items[static_cast<size_t>(i)].width;
-    CRect area(left, client.top, client.right, client.bottom);
+    CRect area(LeftOf(index), client.top, client.right, client.bottom);
     ::InvalidateRect(Hwnd(), &area, TRUE);
 }
 

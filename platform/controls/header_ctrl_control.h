@@ -54,6 +54,9 @@ private:
     // the index is bad, or when the window went away meanwhile.
     bool ChangeItem(int index, const HDITEM& change);
     bool SetWidth(int index, int width);
+    // The x where an item starts: the widths of those before it (any index
+    // past the last gives the right end of all items).
+    int LeftOf(int index) const;
     CRect ItemRect(int index) const;
     int HitTest(POINT pt, UINT* flags) const;
     // Sends a notification about one item; false when the window went away.
