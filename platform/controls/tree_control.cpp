@@ -82,18 +82,13 @@ bool TreeControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
         Paint(dc, dc.m_ps.rcPaint);
         return true;
     }
-    case WM_ERASEBKGND: {
-        if (CDC* dc = CDC::FromHandle(reinterpret_cast<HDC>(wParam))) {
-            CRect client;
-            m_wnd->GetClientRect(&client);
-            dc->FillSolidRect(&client, GetSysColor(COLOR_WINDOW));
-        }
-        *result = 1;
+    case WM_ERASEBKGND:
+        *result = 1;  // painting fills what it paints
         return true;
-    }
     case WM_SETFONT:
+        // The window keeps the font; the tree reads it back from there.
         *result = m_wnd->CWnd::DefWindowProc(message, wParam, lParam);
-        OnSetFont(reinterpret_cast<HGDIOBJ>(wParam));
+        OnSetFont();
         return true;
     case WM_SETREDRAW:
         *result = m_wnd->CWnd::DefWindowProc(message, wParam, lParam);
@@ -149,7 +144,6 @@ bool TreeControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
         // The object may create another window later; it starts empty.
         DeleteAll(false);
         m_images = m_stateImages = nullptr;
-        m_font = nullptr;
         m_leftPressed = m_skipNextChar = false;
         m_wheelRemainder = 0;
         ResetTypeAhead();
@@ -360,9 +354,8 @@ HIMAGELIST TreeControl::OnSetImageList(int kind, HIMAGELIST list)
     return old;
 }
 
-void TreeControl::OnSetFont(HGDIOBJ font)
+void TreeControl::OnSetFont()
 {
-    m_font = font;
     // Heights and widths follow the font, so everything moves.
     TopIndex();
     InvalidateAll();
@@ -626,7 +619,8 @@ bool TreeControl::NotifySimple(UINT code, LRESULT* result)
 
 HGDIOBJ TreeControl::FontHandle() const
 {
-    return gdi::FontOr(m_font, DEFAULT_GUI_FONT);
+    const auto own = reinterpret_cast<HGDIOBJ>(m_wnd->CWnd::DefWindowProc(WM_GETFONT, 0, 0));
+    return gdi::FontOr(own, DEFAULT_GUI_FONT);
 }
 
 Metrics TreeControl::ComputeMetrics() const
@@ -651,7 +645,7 @@ int TreeControl::TextWidth(const Metrics& m, const Item& item) const
 RowLayout TreeControl::Layout(const Metrics& m, Slot slot, int row, int top) const
 {
     const Item& item = m_model.At(slot);
-    return LayoutRow(m, m.client.top + (row - top) * m.itemHeight, item.depth, TextWidth(m, item));
+    return LayoutRow(m, m.RowTop(row, top), item.depth, TextWidth(m, item));
 }
 
 HTREEITEM TreeControl::HitTest(POINT pt, UINT* flags)
@@ -685,7 +679,7 @@ void TreeControl::InvalidateAll()
     if (Hwnd()) ::InvalidateRect(Hwnd(), nullptr, TRUE);
 }
 
-void TreeControl::InvalidateItem(Slot slot)
+void TreeControl::InvalidateRows(Slot slot, bool toBottom)
 {
     if (!m_model.IsItem(slot) || !Hwnd()) return;
     if (!m_model.RowsCurrent()) {
@@ -696,9 +690,9 @@ void TreeControl::InvalidateItem(Slot slot)
     const int row = m_model.At(slot).row;
     if (row < 0) return;
     const Metrics m = ComputeMetrics();
-    const int y = m.client.top + (row - TopIndex(m)) * m.itemHeight;
-    CRect area(m.client.left, y, m.client.right, y + m.itemHeight);
-    if (area.bottom > m.client.top && area.top < m.client.bottom) ::InvalidateRect(Hwnd(), &area, TRUE);
+    const int y = m.RowTop(row, TopIndex(m));
+    CRect area(m.client.left, y, m.client.right, toBottom ? m.client.bottom : y + m.itemHeight);
+    if (area.IntersectRect(area, m.client)) ::InvalidateRect(Hwnd(), &area, TRUE);
 }
 
 void TreeControl::InvalidateRowsChange(Slot slot, bool shrinking)
@@ -707,21 +701,6 @@ void TreeControl::InvalidateRowsChange(Slot slot, bool shrinking)
     // which moves the rows above the item too.
     if (shrinking && (!m_model.RowsCurrent() || TopIndex() > 0)) InvalidateAll();
     else InvalidateFrom(slot);
-}
-
-void TreeControl::InvalidateFrom(Slot slot)
-{
-    if (!m_model.IsItem(slot) || !Hwnd()) return;
-    if (!m_model.RowsCurrent()) {
-        if (m_model.IsVisible(slot)) InvalidateAll();
-        return;
-    }
-    const int row = m_model.At(slot).row;
-    if (row < 0) return;
-    const Metrics m = ComputeMetrics();
-    const int y = m.client.top + (row - TopIndex(m)) * m.itemHeight;
-    CRect area(m.client.left, std::max(y, static_cast<int>(m.client.top)), m.client.right, m.client.bottom);
-    if (!area.IsRectEmpty()) ::InvalidateRect(Hwnd(), &area, TRUE);
 }
 
 }  // namespace tree

@@ -41,7 +41,7 @@ private:
     HTREEITEM OnHitTest(TVHITTESTINFO* info);
     BOOL OnSelectItem(UINT code, HTREEITEM handle);
     HIMAGELIST OnSetImageList(int kind, HIMAGELIST list);
-    void OnSetFont(HGDIOBJ font);
+    void OnSetFont();
     void OnFocusChange(bool gained);
 
     // ---- selection, expansion, scrolling
@@ -75,17 +75,28 @@ private:
     RowLayout Layout(const Metrics& m, Slot slot, int row, int top) const;
     // TVHT_* flags and item for a client point.
     HTREEITEM HitTest(POINT pt, UINT* flags);
-    // The item's row, if shown; everything when rows are being rebuilt.
-    void InvalidateItem(Slot slot);
-    // The item's row and all below it.
-    void InvalidateFrom(Slot slot);
+    // The item's row if shown (and with toBottom all below it); everything
+    // when rows are being rebuilt.
+    void InvalidateRows(Slot slot, bool toBottom);
+    void InvalidateItem(Slot slot) { InvalidateRows(slot, false); }
+    void InvalidateFrom(Slot slot) { InvalidateRows(slot, true); }
     // Before the item's children are shown or hidden.
     void InvalidateRowsChange(Slot slot, bool shrinking);
     void InvalidateAll();
 
     // ---- painting (tree_paint.cpp)
-    void PaintRow(CDC& dc, const Metrics& m, Slot slot, int row, int top, bool focused);
-    // yOffset turns client y into content y, so dots stay put while scrolling.
+    // What one paint resolves once for all its rows.
+    struct PaintState {
+        int top = 0;  // the first row shown
+        bool focused = false;
+        Slot caret = kNone;
+        Slot drop = kNone;
+        Slot hot = kNone;        // kNone without TVS_TRACKSELECT
+        HGDIOBJ font = nullptr;  // selected for the whole paint; the hot row swaps it
+    };
+    void PaintRow(CDC& dc, const Metrics& m, const PaintState& p, Slot slot, int row);
+    // Draws with the pen selected. yOffset turns client y into content y, so
+    // dots stay put while scrolling.
     void PaintLines(CDC& dc, const Metrics& m, const RowLayout& r, Slot slot, int yOffset) const;
     void PaintButton(CDC& dc, const Metrics& m, const RowLayout& r, bool expanded) const;
     CFont* HotFont();
@@ -117,7 +128,6 @@ private:
 
     HIMAGELIST m_images = nullptr;
     HIMAGELIST m_stateImages = nullptr;
-    HGDIOBJ m_font = nullptr;
     CFont m_hotFont;
     HGDIOBJ m_hotFontSource = nullptr;
 

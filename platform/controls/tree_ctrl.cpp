@@ -203,7 +203,6 @@ BOOL CTreeCtrl::GetItemRect(HTREEITEM hItem, LPRECT lpRect, BOOL bTextOnly) cons
 {
     if (!lpRect) return FALSE;
     // The message takes the item in the rectangle it fills.
-    static_assert(sizeof(HTREEITEM) <= sizeof(RECT));
     std::memcpy(static_cast<void*>(lpRect), &hItem, sizeof hItem);
     return static_cast<BOOL>(SendMessage(TVM_GETITEMRECT, static_cast<WPARAM>(bTextOnly), reinterpret_cast<LPARAM>(lpRect)));
 }

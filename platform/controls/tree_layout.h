@@ -36,6 +36,8 @@ struct Metrics {
     bool Has(DWORD flag) const { return (style & flag) != 0; }
     // Rows that fit whole in the client area, at least one.
     int PageRows() const { return std::max(1, client.Height() / itemHeight); }
+    // Client y of a row's top edge while row `top` is the first shown.
+    int RowTop(int row, int top) const { return client.top + (row - top) * itemHeight; }
 };
 
 // Where the parts of one row lie, in client coordinates.

@@ -29,44 +29,54 @@ void TreeControl::Paint(CDC& dc, const CRect& clip)
 {
     const Metrics m = ComputeMetrics();
     dc.FillSolidRect(&clip, GetSysColor(COLOR_WINDOW));
-    const int top = TopIndex(m);
+    PaintState p;
+    p.top = TopIndex(m);
+    p.focused = ::GetFocus() == Hwnd() && Hwnd();
+    p.caret = Caret();
+    p.drop = Resolve(m_drop);
+    if (m.Has(TVS_TRACKSELECT)) p.hot = Resolve(m_hot);
+    p.font = FontHandle();
     const auto& rows = m_model.Rows();
-    const bool focused = ::GetFocus() == Hwnd() && Hwnd();
-    const int first = top + std::max(0, static_cast<int>(clip.top - m.client.top) / m.itemHeight);
+    const int first = p.top + std::max(0, static_cast<int>(clip.top - m.client.top) / m.itemHeight);
     const int end = std::min(static_cast<int>(rows.size()),
-                             top + std::max(0, static_cast<int>(clip.bottom - m.client.top) + m.itemHeight - 1) / m.itemHeight);
+                             p.top + std::max(0, static_cast<int>(clip.bottom - m.client.top) + m.itemHeight - 1) / m.itemHeight);
     const int saved = dc.SaveDC();
     dc.SetBkMode(TRANSPARENT);
-    for (int row = first; row < end; ++row) PaintRow(dc, m, rows[static_cast<size_t>(row)], row, top, focused);
+    dc.SelectObject(p.font);
+    // Lines would cut through a full-row highlight, so that style has none.
+    CPen dots;
+    if (m.Has(TVS_HASLINES) && !m.Has(TVS_FULLROWSELECT)) {
+        dots.CreatePen(PS_DOT, 1, GetSysColor(COLOR_GRAYTEXT));
+        dc.SelectObject(&dots);
+    }
+    for (int row = first; row < end; ++row) PaintRow(dc, m, p, rows[static_cast<size_t>(row)], row);
     dc.RestoreDC(saved);
 }
 
-void TreeControl::PaintRow(CDC& dc, const Metrics& m, Slot slot, int row, int top, bool focused)
+void TreeControl::PaintRow(CDC& dc, const Metrics& m, const PaintState& p, Slot slot, int row)
 {
     const Item& item = m_model.At(slot);
-    const RowLayout r = Layout(m, slot, row, top);
+    const RowLayout r = Layout(m, slot, row, p.top);
     const bool fullRow = m.Has(TVS_FULLROWSELECT);
     const bool selected = (item.state & TVIS_SELECTED) != 0;
 
     // A drop target takes the highlight from the selection while it is shown.
-    const Slot drop = Resolve(m_drop);
     bool highlight = false;
     COLORREF back = GetSysColor(COLOR_WINDOW);
     COLORREF ink = GetSysColor(COLOR_WINDOWTEXT);
-    if (drop != kNone ? slot == drop : selected && focused) {
+    if (p.drop != kNone ? slot == p.drop : selected && p.focused) {
         highlight = true;
         back = GetSysColor(COLOR_HIGHLIGHT);
         ink = GetSysColor(COLOR_HIGHLIGHTTEXT);
-    } else if (drop == kNone && selected && m.Has(TVS_SHOWSELALWAYS)) {
+    } else if (p.drop == kNone && selected && m.Has(TVS_SHOWSELALWAYS)) {
         highlight = true;
         back = GetSysColor(COLOR_BTNFACE);
     }
-    const bool hot = m.Has(TVS_TRACKSELECT) && slot == Resolve(m_hot);
+    const bool hot = slot == p.hot;
     if (hot && !highlight) ink = GetSysColor(COLOR_HOTLIGHT);
 
     if (highlight && fullRow) dc.FillSolidRect(&r.row, back);
-    // Lines would cut through a full-row highlight, so that style has none.
-    if (m.Has(TVS_HASLINES) && !fullRow) PaintLines(dc, m, r, slot, top * m.itemHeight - m.client.top);
+    if (m.Has(TVS_HASLINES) && !fullRow) PaintLines(dc, m, r, slot, p.top * m.itemHeight - m.client.top);
     if (m.Has(TVS_HASBUTTONS) && r.level > 0 && m_model.HasChildren(slot)) PaintButton(dc, m, r, m_model.IsExpanded(slot));
 
     if (m.stateCx > 0) {
@@ -81,12 +91,13 @@ void TreeControl::PaintRow(CDC& dc, const Metrics& m, Slot slot, int row, int to
     }
 
     if (highlight && !fullRow) dc.FillSolidRect(&r.label, back);
-    dc.SelectObject(hot ? HotFont()->GetSafeHandle() : FontHandle());
+    if (hot) dc.SelectObject(HotFont()->GetSafeHandle());
     dc.SetTextColor(ink);
     const size_t bytes = BytesToCover(m.font, item.text, m.client.right - r.text.x);
     dc.TextOut(r.text.x, r.text.y, item.text.data(), static_cast<int>(bytes));
+    if (hot) dc.SelectObject(p.font);
 
-    if (focused && slot == Caret()) {
+    if (p.focused && slot == p.caret) {
         const CRect focus = fullRow ? r.row : r.label;
         dc.DrawFocusRect(&focus);
     }
@@ -94,8 +105,6 @@ void TreeControl::PaintRow(CDC& dc, const Metrics& m, Slot slot, int row, int to
 
 void TreeControl::PaintLines(CDC& dc, const Metrics& m, const RowLayout& r, Slot slot, int yOffset) const
 {
-    CPen pen(PS_DOT, 1, GetSysColor(COLOR_GRAYTEXT));
-    CPen* old = dc.SelectObject(&pen);
     // Dots sit where content x + y is even, whichever row is on top.
     const auto vertical = [&](int x, int from, int to) {
         if ((x + from + yOffset) & 1) ++from;
@@ -126,7 +135,6 @@ void TreeControl::PaintLines(CDC& dc, const Metrics& m, const RowLayout& r, Slot
         const int level = m_model.At(a).depth + rootColumn;
         if (level > 0 && m_model.At(a).next != kNone) vertical((level - 1) * kIndent + kIndent / 2, r.row.top, r.row.bottom);
     }
-    dc.SelectObject(old);
 }
 
 void TreeControl::PaintButton(CDC& dc, const Metrics& m, const RowLayout& r, bool expanded) const
