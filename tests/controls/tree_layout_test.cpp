@@ -1,4 +1,6 @@
 // Row geometry, hit testing, scrolling and keyboard navigation.
+#include <algorithm>
+
 #include "platform/gdi/font.h"
 #include "tree_test_support.h"
 
@@ -151,20 +153,14 @@ protected:
         Make(kClassic, CRect(10, 10, 210, 90));
         items = Fill(100);
     }
-    int FirstVisible()
+    // Index of an item among the roots filled in; -1 for any other.
+    int IndexOf(HTREEITEM handle) const
     {
-        const HTREEITEM first = tree.GetFirstVisibleItem();
-        for (size_t i = 0; i < items.size(); ++i)
-            if (items[i] == first) return static_cast<int>(i);
-        return -1;
+        const auto at = std::find(items.begin(), items.end(), handle);
+        return at == items.end() ? -1 : static_cast<int>(at - items.begin());
     }
-    int Selected()
-    {
-        const HTREEITEM caret = tree.GetSelectedItem();
-        for (size_t i = 0; i < items.size(); ++i)
-            if (items[i] == caret) return static_cast<int>(i);
-        return -1;
-    }
+    int FirstVisible() { return IndexOf(tree.GetFirstVisibleItem()); }
+    int Selected() { return IndexOf(tree.GetSelectedItem()); }
     std::vector<HTREEITEM> items;
 };
 
@@ -226,7 +222,7 @@ TEST_F(TreeScrolling, KeyNotificationsPrecedeTheSelectionChange)
     parent.events.clear();
     Input::Key(VK_RETURN);
     EXPECT_EQ(parent.Codes(), (std::vector<UINT>{TVN_KEYDOWN, NM_RETURN}));
-    EXPECT_EQ(tree.SendMessage(WM_GETDLGCODE), 0x0081);
+    EXPECT_EQ(tree.SendMessage(WM_GETDLGCODE), static_cast<LRESULT>(DLGC_WANTARROWS | DLGC_WANTCHARS));
 }
 
 TEST_F(TreeScrolling, WheelAndScrollMessagesMoveTheView)
@@ -241,17 +237,17 @@ TEST_F(TreeScrolling, WheelAndScrollMessagesMoveTheView)
     Input::Wheel(&tree, CPoint(20, 20), 240);
     EXPECT_EQ(FirstVisible(), 0);
 
-    tree.SendMessage(WM_VSCROLL, MAKEWPARAM(7, 0));  // SB_BOTTOM
+    tree.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_BOTTOM, 0));
     EXPECT_EQ(FirstVisible(), 95);
-    tree.SendMessage(WM_VSCROLL, MAKEWPARAM(1, 0));  // SB_LINEDOWN: already at the end
+    tree.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_LINEDOWN, 0));  // already at the end
     EXPECT_EQ(FirstVisible(), 95);
-    tree.SendMessage(WM_VSCROLL, MAKEWPARAM(0, 0));  // SB_LINEUP
+    tree.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_LINEUP, 0));
     EXPECT_EQ(FirstVisible(), 94);
-    tree.SendMessage(WM_VSCROLL, MAKEWPARAM(4, 10));  // SB_THUMBPOSITION
+    tree.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 10));
     EXPECT_EQ(FirstVisible(), 10);
-    tree.SendMessage(WM_VSCROLL, MAKEWPARAM(3, 0));  // SB_PAGEDOWN
+    tree.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_PAGEDOWN, 0));
     EXPECT_EQ(FirstVisible(), 15);
-    tree.SendMessage(WM_VSCROLL, MAKEWPARAM(6, 0));  // SB_TOP
+    tree.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_TOP, 0));
     EXPECT_EQ(FirstVisible(), 0);
     EXPECT_TRUE(tree.Select(items[40], TVGN_FIRSTVISIBLE));
     EXPECT_EQ(FirstVisible(), 40);
@@ -288,7 +284,7 @@ TEST_F(TreeScrolling, CollapsingOnTheLastPageRepaintsEveryRow)
 {
     for (int i = 0; i < 3; ++i) tree.InsertItem("child", items[99]);
     tree.Expand(items[99], TVE_EXPAND);
-    tree.SendMessage(WM_VSCROLL, MAKEWPARAM(7, 0));  // SB_BOTTOM
+    tree.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_BOTTOM, 0));
     EXPECT_EQ(FirstVisible(), 98);
     Paint::UpdateAllWindows();
     CRect pending;
