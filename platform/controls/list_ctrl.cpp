@@ -30,16 +30,15 @@ LRESULT CListCtrl::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 
 BOOL CListCtrl::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
+    // The parent answers TRUE for an owner-draw message its child took.
     if (message == WM_DRAWITEM && lParam) {
         DrawItem(reinterpret_cast<LPDRAWITEMSTRUCT>(lParam));
-        if (pResult) *pResult = TRUE;
         return TRUE;
     }
     if (message == WM_MEASUREITEM && lParam) {
         // A reflected-message entry of a derived class comes first.
         if (CWnd::OnChildNotify(message, wParam, lParam, pResult)) return TRUE;
         MeasureItem(reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam));
-        if (pResult) *pResult = TRUE;
         return TRUE;
     }
     return CWnd::OnChildNotify(message, wParam, lParam, pResult);

@@ -7,7 +7,6 @@
 #include "platform/core/input_state.h"
 #include "platform/core/paint_dc.h"
 #include "platform/gdi/image_list.h"
-#include "platform/gdi/sys_color.h"
 #include "platform/text/gbk.h"
 
 namespace tree {
