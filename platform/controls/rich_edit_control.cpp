@@ -39,6 +39,7 @@ bool RichEditControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT
         *result = reinterpret_cast<LRESULT>(FontHandle());
         return true;
     case WM_PAINT: {
+        FitScrollBars();  // before the paint takes its area: a bar may change it
         CPaintDC dc(m_wnd);
         Paint(dc, dc.m_ps.rcPaint);
         return true;
@@ -57,6 +58,7 @@ bool RichEditControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT
         return true;
     case WM_SIZE:
         InvalidateAll();
+        FitScrollBars();
         return true;
     case WM_SETFOCUS:
     case WM_KILLFOCUS:
@@ -223,6 +225,9 @@ bool RichEditControl::HandleEditMessage(UINT message, WPARAM wParam, LPARAM lPar
 void RichEditControl::OnCreate(const CREATESTRUCT* cs)
 {
     m_selectionShown = (m_wnd->GetStyle() & ES_NOHIDESEL) != 0;
+    // The styles ask for the bars; from now on the style bits say whether they show.
+    m_allowVertical = (m_wnd->GetStyle() & WS_VSCROLL) != 0;
+    m_allowHorizontal = (m_wnd->GetStyle() & WS_HSCROLL) != 0;
     OnSetText(cs ? cs->lpszName : nullptr);
 }
 
@@ -238,6 +243,7 @@ void RichEditControl::OnSetText(const char* text)
     m_scrollX = 0;
     m_maxWidthKnown = false;
     InvalidateAll();
+    FitScrollBars();
 }
 
 LRESULT RichEditControl::OnGetText(size_t size, char* buffer) const
@@ -370,12 +376,15 @@ bool RichEditControl::ReplaceSelection(std::string_view text, bool byUser)
     const Pos to = SelMax();
     if (from < to || !stored.empty()) {
         const Change change = m_text.Replace(from, to, stored, InsertionFormat());
-        m_maxWidthKnown = false;
+        // Inserting only lengthens lines, so the widest line is known still.
+        if (from == to) WidenMaxLineWidth(change.first, change.newEnd);
+        else m_maxWidthKnown = false;
         InvalidateLines(change.first, change.oldEnd == change.newEnd ? change.newEnd - 1 : SIZE_MAX);
         m_anchor = m_caret = from + static_cast<Pos>(stored.size());
         m_pendingFormat.reset();
         m_desiredX = -1;
         if (m_firstLine >= m_text.LineCount()) ScrollTo(static_cast<Pos>(m_text.LineCount()) - 1, m_scrollX);
+        FitScrollBars();
     }
     if (byUser || m_selectionShown) EnsureCaretVisible();
     return true;
@@ -473,9 +482,12 @@ void RichEditControl::OnFocusChange(bool gained)
 
 void RichEditControl::OnSetFont(HGDIOBJ font, bool redraw)
 {
+    // The same font again (as a view that sets its font before every line
+    // does) measures the same.
+    if (font != m_font) m_maxWidthKnown = false;
     m_font = font;
-    m_maxWidthKnown = false;
     if (redraw) InvalidateAll();
+    FitScrollBars();
 }
 
 void RichEditControl::Forget()

@@ -86,6 +86,10 @@ private:
     void OnHScroll(UINT code, int position);
     void OnMouseWheel(int delta);
     int MaxLineWidth(const Metrics& m);
+    // Takes lines [first, end) into the widest line, if that is known.
+    void WidenMaxLineWidth(size_t first, size_t end);
+    // Shows the bars the styles asked for while the text overflows.
+    void FitScrollBars();
     // Repaints lines [first, last] where they are shown.
     void InvalidateLines(size_t first, size_t last);
     void InvalidateRange(Pos a, Pos b);
@@ -124,6 +128,8 @@ private:
     int m_wheelRemainder = 0;
     int m_maxWidth = 0;
     bool m_maxWidthKnown = false;
+    bool m_allowVertical = false;    // created with WS_VSCROLL
+    bool m_allowHorizontal = false;  // created with WS_HSCROLL
 
     bool m_systemBackground = true;
     COLORREF m_background = 0;

@@ -3,6 +3,7 @@
 #include "platform/controls/rich_edit_control.h"
 
 #include <cstdint>
+#include <climits>
 #include <limits>
 
 #include "platform/core/input_state.h"
@@ -94,6 +95,32 @@ void RichEditControl::ScrollTo(Pos firstLine, int scrollX)
     m_firstLine = first;
     m_scrollX = scrollX;
     InvalidateAll();
+    FitScrollBars();
+}
+
+void RichEditControl::FitScrollBars()
+{
+    if (!IsWindow(Hwnd()) || (!m_allowVertical && !m_allowHorizontal)) return;
+    const gdi::FontMetrics font = gdi::MetricsOf(FontData());
+    ::FitScrollBars(Hwnd(), m_allowVertical, m_allowHorizontal, [&](const CRect& client) {
+        const Metrics m = MakeMetrics(client, font);
+        ScrollNeeds needs;
+        needs.vertical = {static_cast<int>(std::min<size_t>(m_text.LineCount(), INT_MAX)), m.FullLines(),
+                          static_cast<int>(std::min<size_t>(m_firstLine, INT_MAX))};
+        // One pixel more than the widest line: room for the caret at its end.
+        needs.horizontal = {MaxLineWidth(m) + 1, m.view.Width(), m_scrollX};
+        return needs;
+    });
+}
+
+void RichEditControl::WidenMaxLineWidth(size_t first, size_t end)
+{
+    if (!m_maxWidthKnown) return;
+    const Metrics m = ComputeMetrics();
+    for (size_t line = first; line < end && line < m_text.LineCount(); ++line) {
+        const std::string& text = m_text.LineAt(line).text;
+        m_maxWidth = std::max(m_maxWidth, TextX(m, text, static_cast<int>(text.size())));
+    }
 }
 
 int RichEditControl::MaxLineWidth(const Metrics& m)
@@ -141,7 +168,7 @@ void RichEditControl::OnVScroll(UINT code, int position)
     case SB_PAGEUP: LineScroll(0, -ComputeMetrics().FullLines()); break;
     case SB_PAGEDOWN: LineScroll(0, ComputeMetrics().FullLines()); break;
     case SB_THUMBPOSITION:
-    case SB_THUMBTRACK: ScrollTo(std::min<Pos>(position, LastTopLine(ComputeMetrics())), m_scrollX); break;
+    case SB_THUMBTRACK: ScrollTo(std::clamp<Pos>(ThumbPosition(Hwnd(), SB_VERT, position), 0, LastTopLine(ComputeMetrics())), m_scrollX); break;
     case SB_TOP: ScrollTo(0, m_scrollX); break;
     case SB_BOTTOM: ScrollTo(LastTopLine(ComputeMetrics()), m_scrollX); break;
     default: break;
@@ -159,7 +186,7 @@ void RichEditControl::OnHScroll(UINT code, int position)
     case SB_PAGEUP: LineScroll(-page, 0); break;
     case SB_PAGEDOWN: LineScroll(page, 0); break;
     case SB_THUMBPOSITION:
-    case SB_THUMBTRACK: ScrollTo(static_cast<Pos>(m_firstLine), std::clamp(position, 0, right)); break;
+    case SB_THUMBTRACK: ScrollTo(static_cast<Pos>(m_firstLine), std::clamp(ThumbPosition(Hwnd(), SB_HORZ, position), 0, right)); break;
     case SB_TOP: ScrollTo(static_cast<Pos>(m_firstLine), 0); break;
     case SB_BOTTOM: ScrollTo(static_cast<Pos>(m_firstLine), right); break;
     default: break;

@@ -2,6 +2,9 @@
 
 #include <array>
 
+#include "platform/core/messages.h"
+#include "platform/core/wnd.h"
+
 namespace {
 
 POINT g_cursor{};
@@ -9,6 +12,8 @@ std::array<bool, 256> g_down{};
 std::array<bool, 256> g_toggled{};
 
 bool ValidKey(int key) { return key >= 0 && key < 256; }
+
+HWND g_leaveWatch = nullptr;  // the window waiting for WM_MOUSELEAVE
 
 }  // namespace
 
@@ -39,7 +44,28 @@ SHORT GetAsyncKeyState(int virtualKey)
     return GetKeyState(virtualKey);
 }
 
+BOOL TrackMouseEvent(TRACKMOUSEEVENT* event)
+{
+    if (!event || !(event->dwFlags & TME_LEAVE)) return FALSE;
+    if (event->dwFlags & TME_CANCEL) {
+        if (g_leaveWatch == event->hwndTrack) g_leaveWatch = nullptr;
+        return TRUE;
+    }
+    if (!IsWindow(event->hwndTrack)) return FALSE;
+    g_leaveWatch = event->hwndTrack;
+    return TRUE;
+}
+
 namespace InputState {
+
+void MouseOver(HWND window, bool inClient)
+{
+    if (!g_leaveWatch || (window == g_leaveWatch && inClient)) return;
+    // Cleared first: the handler may ask again, for the same or another window.
+    const HWND left = g_leaveWatch;
+    g_leaveWatch = nullptr;
+    if (IsWindow(left)) ::SendMessage(left, WM_MOUSELEAVE, 0, 0);
+}
 
 void SetKeyDown(int virtualKey, bool down)
 {

@@ -32,7 +32,21 @@ inline int TakeWheelNotches(int& remainder, int delta)
     return notches;
 }
 
+// Asks for WM_MOUSELEAVE once the mouse leaves the window's client area.
+constexpr DWORD TME_LEAVE = 0x00000002;
+constexpr DWORD TME_CANCEL = 0x80000000;
+struct TRACKMOUSEEVENT {
+    DWORD cbSize = sizeof(TRACKMOUSEEVENT);
+    DWORD dwFlags = 0;
+    HWND hwndTrack = nullptr;
+    DWORD dwHoverTime = 0;
+};
+AFX_API BOOL TrackMouseEvent(TRACKMOUSEEVENT* event);
+
 namespace InputState {
+// Where the mouse now is: a window (null for none) and whether over its
+// client area. A window that asked to hear of the mouse leaving hears it now.
+AFX_API void MouseOver(HWND window, bool inClient);
 // Marks a key up or down (a press toggles the low bit).
 AFX_API void SetKeyDown(int virtualKey, bool down);
 // Releases every key.

@@ -33,7 +33,17 @@ constexpr UINT WM_NOTIFY = 0x004E;
 constexpr UINT WM_CONTEXTMENU = 0x007B;
 constexpr UINT WM_NCCREATE = 0x0081;
 constexpr UINT WM_NCDESTROY = 0x0082;
+constexpr UINT WM_NCHITTEST = 0x0084;
+constexpr UINT WM_NCPAINT = 0x0085;
 constexpr UINT WM_GETDLGCODE = 0x0087;
+// Mouse messages over the non-client area (scroll bars, borders): wParam the
+// hit code, lParam the screen point.
+constexpr UINT WM_NCMOUSEMOVE = 0x00A0;
+constexpr UINT WM_NCLBUTTONDOWN = 0x00A1;
+constexpr UINT WM_NCLBUTTONUP = 0x00A2;
+constexpr UINT WM_NCLBUTTONDBLCLK = 0x00A3;
+constexpr UINT WM_NCRBUTTONDOWN = 0x00A4;
+constexpr UINT WM_NCRBUTTONUP = 0x00A5;
 constexpr UINT WM_KEYDOWN = 0x0100;
 constexpr UINT WM_KEYUP = 0x0101;
 constexpr UINT WM_CHAR = 0x0102;
@@ -58,6 +68,7 @@ constexpr UINT WM_MOUSEWHEEL = 0x020A;
 constexpr UINT WM_ENTERMENULOOP = 0x0211;
 constexpr UINT WM_EXITMENULOOP = 0x0212;
 constexpr UINT WM_CAPTURECHANGED = 0x0215;
+constexpr UINT WM_MOUSELEAVE = 0x02A3;
 constexpr UINT WM_CUT = 0x0300;
 constexpr UINT WM_COPY = 0x0301;
 constexpr UINT WM_PASTE = 0x0302;
@@ -77,8 +88,15 @@ constexpr UINT MK_CONTROL = 0x0008;
 // WM_SIZE types.
 constexpr UINT SIZE_RESTORED = 0;
 
-// WM_SETCURSOR / hit codes used by default processing.
+// WM_NCHITTEST answers: which part of a window a screen point is over.
+constexpr int HTNOWHERE = 0;
 constexpr int HTCLIENT = 1;
+constexpr int HTGROWBOX = 4;  // the corner where two scroll bars meet
+constexpr int HTHSCROLL = 6;
+constexpr int HTVSCROLL = 7;
+constexpr int HTBORDER = 18;
+// A non-client mouse message is its client message moved by this much.
+constexpr UINT kNonClientMouseOffset = WM_MOUSEMOVE - WM_NCMOUSEMOVE;
 
 // Scroll-bar requests (LOWORD of WM_VSCROLL / WM_HSCROLL).
 constexpr UINT SB_LINEUP = 0;
@@ -89,6 +107,7 @@ constexpr UINT SB_THUMBPOSITION = 4;
 constexpr UINT SB_THUMBTRACK = 5;
 constexpr UINT SB_TOP = 6;
 constexpr UINT SB_BOTTOM = 7;
+constexpr UINT SB_ENDSCROLL = 8;
 
 // WM_GETDLGCODE answers.
 constexpr UINT DLGC_WANTARROWS = 0x0001;

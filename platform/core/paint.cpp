@@ -14,14 +14,20 @@ namespace {
 
 HWND g_locked = nullptr;  // LockWindowUpdate: one window at a time
 
-// The clip of a window's client area on its top-level surface: the client
-// rectangle cut by every ancestor's client area.
-CRect VisibleClientArea(HWND hwnd, CPoint* origin)
+// The clip of an area of a window (its client area, or the whole window) on
+// its top-level surface, cut by every ancestor's client area.
+CRect VisibleArea(HWND hwnd, bool wholeWindow, CPoint* origin)
 {
     CRect client;
-    ::GetClientRect(hwnd, &client);
     CPoint at(0, 0);
-    ::ClientToScreen(hwnd, &at);
+    if (wholeWindow) {
+        ::GetWindowRect(hwnd, &client);
+        at = client.TopLeft();
+        client.OffsetRect(-at.x, -at.y);
+    } else {
+        ::GetClientRect(hwnd, &client);
+        ::ClientToScreen(hwnd, &at);
+    }
     HWND top = hwnd;
     for (const WindowData* data = WindowRegistry::Find(hwnd); data && data->parent; data = WindowRegistry::Find(data->parent)) top = data->parent;
     CPoint topOrigin(0, 0);
@@ -41,6 +47,21 @@ CRect VisibleClientArea(HWND hwnd, CPoint* origin)
     }
     if (origin) *origin = offset;
     return visible;
+}
+
+CRect VisibleClientArea(HWND hwnd, CPoint* origin)
+{
+    return VisibleArea(hwnd, false, origin);
+}
+
+// The frame (scroll bars) is drawn after the client, so a client that
+// changed its bars while painting has them drawn in the same pass.
+void PaintFrame(HWND hwnd)
+{
+    WindowData* data = WindowRegistry::Find(hwnd);
+    if (!data || !data->frameNeeded || Paint::IsPaintSuppressed(hwnd)) return;
+    data->frameNeeded = false;
+    ::SendMessage(hwnd, WM_NCPAINT, 1, 0);
 }
 
 bool IsLockedBy(HWND hwnd)
@@ -63,6 +84,7 @@ void PaintTree(HWND hwnd)
             data->eraseNeeded = false;
         }
     }
+    PaintFrame(hwnd);
     if (!(data = WindowRegistry::Find(hwnd))) return;
     const std::vector<HWND> children = data->children;
     for (HWND child : children) PaintTree(child);
@@ -165,6 +187,7 @@ BOOL UpdateWindow(HWND hwnd)
         ::SendMessage(hwnd, WM_PAINT, 0, 0);
         if ((data = WindowRegistry::Find(hwnd)) != nullptr) data->update.SetRectEmpty();
     }
+    PaintFrame(hwnd);
     return TRUE;
 }
 
@@ -265,6 +288,7 @@ CDC* BeginPaint(HWND hwnd, CDC& dc, PAINTSTRUCT* ps)
         if (!childData || !overlap.IntersectRect(childData->rect, update)) continue;
         overlap.OffsetRect(-childData->rect.left, -childData->rect.top);
         ::InvalidateRect(child, &overlap, TRUE);
+        if (WindowData* covered = WindowRegistry::Find(child)) covered->frameNeeded = true;
     }
     if (erase && ::SendMessage(hwnd, WM_ERASEBKGND, reinterpret_cast<WPARAM>(ps->hdc), 0)) ps->fErase = FALSE;
     return &dc;
@@ -301,5 +325,14 @@ CClientDC::CClientDC(CWnd* wnd)
     if (!surface) return;
     CPoint origin;
     const CRect visible = VisibleClientArea(hwnd, &origin);
+    AttachToSurface(surface, origin, visible);
+}
+
+CWindowDC::CWindowDC(HWND hwnd)
+{
+    Surface* surface = Paint::SurfaceOf(hwnd, nullptr);
+    if (!surface) return;
+    CPoint origin;
+    const CRect visible = VisibleArea(hwnd, true, &origin);
     AttachToSurface(surface, origin, visible);
 }

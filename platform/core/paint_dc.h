@@ -33,3 +33,9 @@ class AFX_EXT_CLASS CClientDC : public CDC {
 public:
     explicit CClientDC(CWnd* wnd);
 };
+
+// The whole window, frame included: (0, 0) is the window's top-left corner.
+class AFX_EXT_CLASS CWindowDC : public CDC {
+public:
+    explicit CWindowDC(HWND hwnd);
+};

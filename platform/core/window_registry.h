@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/core/scroll_bar_state.h"
 #include "platform/core/win_types.h"
 
 class CWnd;
@@ -28,6 +29,9 @@ struct WindowData {
     bool destroying = false;
     CRect update;                       // invalid area, client coordinates (bounding box)
     bool eraseNeeded = false;
+    bool frameNeeded = false;           // the non-client area (scroll bars) waits for WM_NCPAINT
+    ScrollBarState vertical;            // shown while style has WS_VSCROLL
+    ScrollBarState horizontal;          // shown while style has WS_HSCROLL
     std::unique_ptr<Surface> surface;   // top-level windows own the pixels they show
 };
 

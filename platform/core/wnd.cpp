@@ -5,6 +5,7 @@
 #include "platform/core/current_message.h"
 #include "platform/core/paint.h"
 #include "platform/core/paint_dc.h"
+#include "platform/core/window_frame_paint.h"
 #include "platform/core/window_registry.h"
 
 IMPLEMENT_DYNCREATE(CWnd, CCmdTarget)
@@ -195,6 +196,16 @@ LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     }
     case WM_ERASEBKGND:
         return EraseBackground(m_hWnd, reinterpret_cast<HDC>(wParam));
+    case WM_NCHITTEST:
+        return NonClientHitTest(m_hWnd, POINT{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+    case WM_NCPAINT:
+        PaintWindowFrame(m_hWnd);
+        return 0;
+    case WM_NCLBUTTONDOWN:
+    case WM_NCLBUTTONDBLCLK:
+        // A quick second press on a bar is one more press, as the platform does.
+        PressNonClient(m_hWnd, static_cast<int>(wParam), POINT{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+        return 0;
     default:
         return 0;
     }

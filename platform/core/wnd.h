@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/core/cmd_target.h"
+#include "platform/core/scroll_bar.h"
 
 class CDC;
 class CFont;
@@ -70,6 +71,15 @@ class AFX_EXT_CLASS CWnd : public CCmdTarget {
     BOOL IsWindowVisible() const;
     BOOL EnableWindow(BOOL bEnable = TRUE);
     BOOL IsWindowEnabled() const;
+
+    // Scroll bars (platform/core/scroll_bar.h has their rules).
+    int SetScrollInfo(int nBar, LPSCROLLINFO lpScrollInfo, BOOL bRedraw = TRUE);
+    BOOL GetScrollInfo(int nBar, LPSCROLLINFO lpScrollInfo, UINT nMask = SIF_ALL) const;
+    int GetScrollPos(int nBar) const;
+    int SetScrollPos(int nBar, int nPos, BOOL bRedraw = TRUE);
+    void GetScrollRange(int nBar, int* lpMinPos, int* lpMaxPos) const;
+    void SetScrollRange(int nBar, int nMinPos, int nMaxPos, BOOL bRedraw = TRUE);
+    void ShowScrollBar(UINT nBar, BOOL bShow = TRUE);
 
     // Focus and capture.
     CWnd* SetFocus();

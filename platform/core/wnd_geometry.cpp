@@ -1,25 +1,18 @@
 // Window rectangles, coordinates, visibility and the tree of windows.
 #include "platform/core/paint.h"
+#include "platform/core/window_frame.h"
 #include "platform/core/window_registry.h"
 #include "platform/core/wnd.h"
 
 namespace {
-
-// Width of the non-client border on each side.
-int BorderWidth(const WindowData* data)
-{
-    if (data->exStyle & WS_EX_CLIENTEDGE) return 2;
-    if (data->style & WS_BORDER) return 1;
-    return 0;
-}
 
 // Screen position of a window's client origin.
 CPoint ClientOriginOnScreen(const WindowData* data)
 {
     CPoint origin(0, 0);
     for (; data; data = WindowRegistry::Find(data->parent)) {
-        const int border = BorderWidth(data);
-        origin.Offset(data->rect.left + border, data->rect.top + border);
+        const CPoint client = FrameOf(*data).client.TopLeft();
+        origin.Offset(data->rect.left + client.x, data->rect.top + client.y);
     }
     return origin;
 }
@@ -29,9 +22,11 @@ HWND ChildFromPoint(const WindowData* data, CPoint clientPoint)
     for (auto it = data->children.rbegin(); it != data->children.rend(); ++it) {
         const WindowData* child = WindowRegistry::Find(*it);
         if (!child || !(child->style & WS_VISIBLE) || child->destroying || !child->rect.PtInRect(clientPoint)) continue;
-        const int border = BorderWidth(child);
-        const CPoint inner(clientPoint.x - child->rect.left - border, clientPoint.y - child->rect.top - border);
-        const HWND deeper = ChildFromPoint(child, inner);
+        // Grandchildren live in the child's client area, never over its bars.
+        const CRect client = FrameOf(*child).client;
+        const CPoint inWindow(clientPoint.x - child->rect.left, clientPoint.y - child->rect.top);
+        if (!client.PtInRect(inWindow)) return child->handle;
+        const HWND deeper = ChildFromPoint(child, CPoint(inWindow.x - client.left, inWindow.y - client.top));
         return deeper ? deeper : child->handle;
     }
     return nullptr;
@@ -77,8 +72,8 @@ BOOL GetClientRect(HWND hwnd, LPRECT rect)
 {
     const WindowData* data = WindowRegistry::Find(hwnd);
     if (!data || !rect) return FALSE;
-    const int border = BorderWidth(data);
-    *rect = CRect(0, 0, std::max(0, data->rect.Width() - 2 * border), std::max(0, data->rect.Height() - 2 * border));
+    const CRect client = FrameOf(*data).client;
+    *rect = CRect(0, 0, client.Width(), client.Height());
     return TRUE;
 }
 
@@ -206,6 +201,7 @@ BOOL CWnd::SetWindowPos(const CWnd*, int x, int y, int cx, int cy, UINT nFlags)
     if (nFlags & SWP_SHOWWINDOW) data->style |= WS_VISIBLE;
     if (nFlags & SWP_HIDEWINDOW) data->style &= ~WS_VISIBLE;
     data->rect = after;
+    if (after.Size() != before.Size() || (nFlags & SWP_SHOWWINDOW)) data->frameNeeded = true;
     const HWND self = m_hWnd;
     if (!(nFlags & SWP_NOREDRAW)) {
         if (WindowData* parent = WindowRegistry::Find(data->parent)) {
@@ -246,6 +242,7 @@ BOOL CWnd::ShowWindow(int nCmdShow)
         }
     } else {
         data->style |= WS_VISIBLE;
+        data->frameNeeded = true;
         Invalidate();
     }
     if (wasVisible != ((data->style & WS_VISIBLE) ? TRUE : FALSE)) SendMessage(WM_SHOWWINDOW, nCmdShow != SW_HIDE, 0);

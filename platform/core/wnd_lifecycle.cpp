@@ -75,6 +75,7 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, const char* className, const char* windowNa
     data->className = cs.lpszClass ? cs.lpszClass : "";
     data->text = cs.lpszName ? cs.lpszName : "";
     data->rect = CRect(cs.x, cs.y, cs.x + std::max(cs.cx, 0), cs.y + std::max(cs.cy, 0));
+    data->frameNeeded = true;
     if (data->parent) WindowRegistry::Find(data->parent)->children.push_back(data->handle);
     WindowLifecycle::Attach(this, data);
     if (!data->parent) Paint::ResizeSurface(data);

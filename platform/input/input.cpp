@@ -1,6 +1,7 @@
 #include "platform/input/input.h"
 
 #include "platform/core/input_state.h"
+#include "platform/core/modal_loop.h"
 #include "platform/core/paint.h"
 #include "platform/core/thread.h"
 
@@ -56,24 +57,47 @@ UINT MouseFlags(unsigned modifiers)
     return flags;
 }
 
-// Sends a mouse message to the window the platform routes it to.
+bool IsInputMessage(UINT message)
+{
+    return (message >= WM_MOUSEMOVE && message <= WM_MOUSEWHEEL) || (message >= WM_KEYDOWN && message <= WM_SYSCHAR);
+}
+
+// Sends a mouse message to the window the platform routes it to: the
+// capture, else the window under the point, as a non-client message when
+// the point is over its frame (a scroll bar).
 void DeliverMouse(UINT message, CWnd* window, CPoint clientPoint, unsigned modifiers)
 {
     if (!window || !IsWindow(window->GetSafeHwnd())) return;
     POINT screen = clientPoint;
     window->ClientToScreen(&screen);
     SetCursorPos(screen.x, screen.y);
-    HWND target = GetCapture();
-    if (!target) target = WindowFromPoint(screen);
-    if (!target) return;
-    POINT local = screen;
-    ScreenToClient(target, &local);
     MSG msg;
-    msg.hwnd = target;
     msg.message = message;
     msg.wParam = MouseFlags(modifiers);
-    msg.lParam = MAKELPARAM(local.x, local.y);
     msg.pt = screen;
+    if (ModalInput::Active()) {
+        msg.hwnd = WindowFromPoint(screen);
+        msg.lParam = MAKELPARAM(screen.x, screen.y);
+        Deliver(msg);
+        return;
+    }
+    HWND target = GetCapture();
+    int hit = HTCLIENT;
+    if (!target && (target = WindowFromPoint(screen)) != nullptr) {
+        hit = static_cast<int>(SendMessage(target, WM_NCHITTEST, 0, MAKELPARAM(screen.x, screen.y)));
+    }
+    InputState::MouseOver(target, hit == HTCLIENT);
+    if (!target || !IsWindow(target)) return;
+    msg.hwnd = target;
+    if (hit != HTCLIENT) {
+        msg.message = message - kNonClientMouseOffset;
+        msg.wParam = static_cast<WPARAM>(hit);
+        msg.lParam = MAKELPARAM(screen.x, screen.y);
+    } else {
+        POINT local = screen;
+        ScreenToClient(target, &local);
+        msg.lParam = MAKELPARAM(local.x, local.y);
+    }
     Deliver(msg);
 }
 
@@ -127,6 +151,11 @@ void Button(CWnd* window, CPoint clientPoint, bool right, bool down, unsigned mo
 bool Deliver(MSG message)
 {
     message.time = Tick();
+    // A modal loop of the platform (a scroll bar drag) holds the input.
+    if (IsInputMessage(message.message) && ModalInput::Dispatch(message)) {
+        Paint::UpdateAllWindows();
+        return true;
+    }
     if (message.message == WM_KEYDOWN && message.wParam != VK_CONTROL && message.wParam != VK_SHIFT) g_lastClick.armed = false;
     CWinThread* thread = AfxGetThread();
     const bool taken = thread ? thread->PreTranslateMessage(&message) != FALSE : WalkPreTranslateTree(nullptr, &message) != FALSE;

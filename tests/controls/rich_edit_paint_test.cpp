@@ -2,6 +2,7 @@
 // Text is drawn as one hollow box per character cell: a narrow character at
 // client x has its box's top edge at y = top + 1 from x to x + 5.
 #include "tests/gdi/gdi_test_support.h"
+#include "platform/core/window_frame.h"
 #include "platform/gdi/font.h"
 #include "rich_edit_test_support.h"
 
@@ -168,16 +169,22 @@ TEST_F(RichEditScroll, LinesScrollOnRequestAndWithTheCaret)
     for (int i = 0; i < 100; ++i) text += "line " + std::to_string(i) + "\r\n";
     text += std::string(100, 'w');
     edit.SetWindowText(text.c_str());  // 101 lines, the last 600 px wide
+    // Both bars show, leaving a client of 184 x 84: seven whole lines, and
+    // 183 px of text across.
+    constexpr int kPage = 7;
+    constexpr int kView = 200 - kScrollBarSize - kLeft;
+    ASSERT_TRUE(edit.GetStyle() & WS_VSCROLL);
+    ASSERT_TRUE(edit.GetStyle() & WS_HSCROLL);
 
     // Without the focus the selection is hidden, and moving it scrolls nothing.
     edit.SetSel(edit.LineIndex(50), edit.LineIndex(50));
     EXPECT_EQ(edit.GetFirstVisibleLine(), 0);
     edit.SendMessage(EM_SCROLLCARET);
-    EXPECT_EQ(edit.GetFirstVisibleLine(), 43);  // the caret's line is the last whole one
+    EXPECT_EQ(edit.GetFirstVisibleLine(), 50 - kPage + 1);  // the caret's line is the last whole one
     edit.LineScroll(-10);
-    EXPECT_EQ(edit.GetFirstVisibleLine(), 33);
+    EXPECT_EQ(edit.GetFirstVisibleLine(), 50 - kPage + 1 - 10);
     edit.LineScroll(1000);  // stops once the last line is at the bottom
-    EXPECT_EQ(edit.GetFirstVisibleLine(), 101 - 8);
+    EXPECT_EQ(edit.GetFirstVisibleLine(), 101 - kPage);
     edit.LineScroll(-1000);
     EXPECT_EQ(edit.GetFirstVisibleLine(), 0);
 
@@ -185,20 +192,20 @@ TEST_F(RichEditScroll, LinesScrollOnRequestAndWithTheCaret)
     edit.LineScroll(0, 5);
     EXPECT_EQ(edit.GetCharPos(0).x, kLeft - 5 * kNarrow);
     edit.LineScroll(0, 1000);
-    EXPECT_EQ(edit.GetCharPos(0).x, kLeft - (600 + 1 - 199));
+    EXPECT_EQ(edit.GetCharPos(0).x, kLeft - (600 + 1 - kView));
     edit.LineScroll(0, -1000);
     EXPECT_EQ(edit.GetCharPos(0).x, kLeft);
 
     // The wheel moves three lines a notch, and stops at the last page.
     Input::Wheel(&edit, CPoint(50, 50), -120 * 40);
-    EXPECT_EQ(edit.GetFirstVisibleLine(), 101 - 8);
+    EXPECT_EQ(edit.GetFirstVisibleLine(), 101 - kPage);
     Input::Wheel(&edit, CPoint(50, 50), 120);
-    EXPECT_EQ(edit.GetFirstVisibleLine(), 101 - 8 - 3);
+    EXPECT_EQ(edit.GetFirstVisibleLine(), 101 - kPage - 3);
     // Half notches add up to a whole one.
     Input::Wheel(&edit, CPoint(50, 50), 60);
-    EXPECT_EQ(edit.GetFirstVisibleLine(), 101 - 8 - 3);
+    EXPECT_EQ(edit.GetFirstVisibleLine(), 101 - kPage - 3);
     Input::Wheel(&edit, CPoint(50, 50), 60);
-    EXPECT_EQ(edit.GetFirstVisibleLine(), 101 - 8 - 6);
+    EXPECT_EQ(edit.GetFirstVisibleLine(), 101 - kPage - 6);
 }
 
 TEST_F(RichEditScroll, AppendingFollowsTheEndOnlyWhileTheSelectionShows)
