@@ -119,12 +119,7 @@ BOOL CGridCtrl::DeleteAllRows()
 
 int CGridCtrl::CountVisibleRows(CGridRowArray& rows)
 {
-    int count = rows.GetSize();
-    for (int i = 0; i < rows.GetSize(); ++i) {
-        CGridRow* row = rows.GetRow(i);
-        if (row->ShowsChildren()) count += CountVisibleRows(row->children);
-    }
-    return count;
+    return CountShownRows(rows);
 }
 
 // ---------------------------------------------------------------- expand and collapse

@@ -58,6 +58,9 @@ void CGridCtrl::StartBoxEdit(BOOL bInitText)
         m_edit.SetWindowText(text);
         m_edit.SetSel(0, -1);
         m_edit.SendMessage(EM_SCROLLCARET, 0, 0);
+    } else {
+        // Typing and pasting start from an empty box, whatever the last edit left there.
+        m_edit.Empty();
     }
     if (cell && cell->limit != 0) m_edit.SetLimitText(cell->limit);
     m_edit.SetFocus();

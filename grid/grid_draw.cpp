@@ -125,6 +125,9 @@ void CGridCtrl::DrawColumn0(CGridRow* row, bool current, const GridLineGeometry&
 {
     const CRect column = ColumnRect(0, g);
     if (m_gridLines) m_memDC.Rectangle(&column);
+    // A row indented past the column's width must not paint over column 1.
+    const int saved = m_memDC.SaveDC();
+    m_memDC.IntersectClipRect(&column);
     const int level = row->Level();
     CRect text = column;
     text.left += g.TextLeft(level);
@@ -133,6 +136,7 @@ void CGridCtrl::DrawColumn0(CGridRow* row, bool current, const GridLineGeometry&
     if (row->HasChildren()) DrawExpandBox(row, g.ExpandBox(level));
     // A top-level row without children has no lines.
     if (row->HasChildren() || level > 0) DrawTreeLines(row, level, g);
+    m_memDC.RestoreDC(saved);
 }
 
 void CGridCtrl::DrawCell(CGridRow* row, int c, bool current, const GridLineGeometry& g)

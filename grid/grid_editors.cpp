@@ -86,6 +86,13 @@ BOOL CGridEdit::TestAndClearModified()
     return m_state.TestAndClear();
 }
 
+void CGridEdit::Empty()
+{
+    SetWindowText("");
+    // Setting the text reports a change; an emptied box has none.
+    m_state.modified = FALSE;
+}
+
 void CGridEdit::OnSetFocus(CWnd* pOldWnd)
 {
     Default();

@@ -37,6 +37,8 @@ public:
     // The modified flag, cleared on the way.
     BOOL TestAndClearModified();
     BOOL IsModified() const { return m_state.modified; }
+    // No text and nothing entered: an earlier edit's text and flag are gone.
+    void Empty();
 
 protected:
     DECLARE_MESSAGE_MAP()

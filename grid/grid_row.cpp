@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
+#include <vector>
 
 // ---------------------------------------------------------------- row
 
@@ -34,7 +36,7 @@ void CGridRow::Reset()
     children.DeleteAll();
 }
 
-void CGridRow::CopyFrom(const CGridRow& other)
+void CGridRow::CopyOwnFrom(const CGridRow& other)
 {
     flags = other.flags;
     level = other.level;
@@ -44,12 +46,35 @@ void CGridRow::CopyFrom(const CGridRow& other)
     format = other.format;
     delete record;
     record = other.record ? new GridRowRecord(*other.record) : nullptr;
-    children.DeleteAll();
-    for (int i = 0; i < other.children.GetSize(); ++i) {
-        auto* copy = new CGridRow(*other.children.GetRow(i));
-        copy->parent = this;
-        children.AddRow(copy);
+}
+
+void CGridRow::CopyFrom(const CGridRow& other)
+{
+    // The copies of the descendants are built aside first, so that copying a
+    // row from one of its own descendants or ancestors reads nothing freed;
+    // pending source rows are kept in a list, so depth costs no call stack.
+    CGridRowArray copies;
+    std::vector<std::pair<const CGridRow*, CGridRow*>> pending;
+    auto copyChildren = [&pending](const CGridRow& source, CGridRow* parent, CGridRowArray& into) {
+        for (int i = 0; i < source.children.GetSize(); ++i) {
+            const CGridRow* child = source.children.GetRow(i);
+            auto* copy = new CGridRow;
+            copy->CopyOwnFrom(*child);
+            copy->parent = parent;
+            into.AddRow(copy);
+            pending.emplace_back(child, copy);
+        }
+    };
+    copyChildren(other, this, copies);
+    while (!pending.empty()) {
+        const auto [source, copy] = pending.back();
+        pending.pop_back();
+        copyChildren(*source, copy, copy->children);
     }
+    CopyOwnFrom(other);
+    children.DeleteAll();
+    for (int i = 0; i < copies.GetSize(); ++i) children.AddRow(copies.GetRow(i));
+    copies.RemoveAll();
 }
 
 void CGridRow::SetCellEdit(int c, std::uint32_t kind, BOOL bEnable, int nLimit)
@@ -133,20 +158,52 @@ void CGridRowArray::DeleteRows(int index, int count)
 
 void CGridRowArray::DeleteAll()
 {
-    // Freed last to first so that no row is left linked to a freed neighbour.
-    for (int i = GetSize() - 1; i >= 0; --i) delete GetRow(i);
+    if (GetSize() == 0) return;
+    // Each row's children are taken out before it is freed, so that freeing
+    // goes through a list of pending rows instead of nested destructors.
+    std::vector<CGridRow*> pending;
+    for (int i = 0; i < GetSize(); ++i) pending.push_back(GetRow(i));
     RemoveAll();
+    while (!pending.empty()) {
+        CGridRow* row = pending.back();
+        pending.pop_back();
+        for (int i = 0; i < row->children.GetSize(); ++i) pending.push_back(row->children.GetRow(i));
+        row->children.RemoveAll();
+        delete row;
+    }
 }
 
 CGridRow* FindRowInDisplayOrder(int displayIndex, CGridRowArray* rows, int* counter)
 {
     if (displayIndex < 0 || !rows || !counter) return nullptr;
-    for (int i = 0; i < rows->GetSize(); ++i) {
-        CGridRow* row = rows->GetRow(i);
-        if ((*counter)++ == displayIndex) return row;
-        if (row->ShowsChildren()) {
-            if (CGridRow* found = FindRowInDisplayOrder(displayIndex, &row->children, counter)) return found;
+    // The arrays being walked, each with the index of its next row: the
+    // innermost last, so that depth costs no call stack.
+    std::vector<std::pair<CGridRowArray*, int>> walk{{rows, 0}};
+    while (!walk.empty()) {
+        auto& [array, next] = walk.back();
+        if (next == array->GetSize()) {
+            walk.pop_back();
+            continue;
         }
+        CGridRow* row = array->GetRow(next++);
+        if ((*counter)++ == displayIndex) return row;
+        if (row->ShowsChildren()) walk.emplace_back(&row->children, 0);
     }
     return nullptr;
+}
+
+int CountShownRows(const CGridRowArray& rows)
+{
+    int count = 0;
+    std::vector<const CGridRowArray*> pending{&rows};
+    while (!pending.empty()) {
+        const CGridRowArray* array = pending.back();
+        pending.pop_back();
+        count += array->GetSize();
+        for (int i = 0; i < array->GetSize(); ++i) {
+            const CGridRow* row = array->GetRow(i);
+            if (row->ShowsChildren()) pending.push_back(&row->children);
+        }
+    }
+    return count;
 }

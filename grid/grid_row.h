@@ -104,6 +104,8 @@ public:
 
 private:
     void SetCellEdit(int c, std::uint32_t kind, BOOL bEnable, int nLimit);
+    // Everything copied but the children and the links.
+    void CopyOwnFrom(const CGridRow& other);
     void CopyFrom(const CGridRow& other);
 };
 
@@ -112,3 +114,6 @@ private:
 // walked. None for a negative line or one past the last. A walk over the shown
 // rows: a derived grid's FindRowAt may use it, or keep its own faster index.
 AFX_EXT_CLASS CGridRow* FindRowInDisplayOrder(int displayIndex, CGridRowArray* rows, int* counter);
+// Display lines the array takes: its rows and, under each row that shows its
+// children, theirs, however deep.
+AFX_EXT_CLASS int CountShownRows(const CGridRowArray& rows);

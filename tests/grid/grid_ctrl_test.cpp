@@ -103,6 +103,64 @@ TEST_F(GridCtrlTest, RowsAreFoundInDisplayOrderAndMissingLinesGiveNone)
     EXPECT_EQ(grid.Rows().GetSize(), 0);
 }
 
+// A tree far deeper than the call stack could follow: a chain of rows, each
+// the only child of the one above, all expanded.
+TEST_F(GridCtrlTest, AVeryDeepChainIsCountedWalkedCopiedAndFreed)
+{
+    constexpr int kDepth = 200000;
+    CGridRow* top = AddRow("top");
+    CGridRow* deepest = top;
+    for (int level = 1; level < kDepth; ++level) {
+        deepest->flags = GRF_PARENT | GRF_EXPANDED;
+        auto* child = new CGridRow;
+        child->parent = deepest;
+        child->level = static_cast<std::uint32_t>(level);
+        deepest->children.AddRow(child);
+        deepest = child;
+    }
+    deepest->text = "deepest";
+    deepest->record = new GridRowRecord{};
+    deepest->record->words[0] = 42;
+    AddRow("after");
+    SyncCount();
+    EXPECT_EQ(grid.GetItemCount(), kDepth + 1);
+    EXPECT_EQ(grid.GetRowAt(kDepth - 1), deepest);
+    ASSERT_NE(grid.GetRowAt(kDepth), nullptr);
+    EXPECT_STREQ(grid.GetRowAt(kDepth)->text, "after");
+    EXPECT_EQ(grid.GetRowAt(kDepth + 1), nullptr);
+
+    // Collapsed halfway down: the lines below it go.
+    CGridRow* middle = grid.GetRowAt(kDepth / 2);
+    ASSERT_NE(middle, nullptr);
+    EXPECT_EQ(middle->Level(), (kDepth / 2) & 0xFF);
+    middle->flags = GRF_PARENT | GRF_COLLAPSED;
+    EXPECT_EQ(grid.CountVisibleRows(grid.Rows()), kDepth / 2 + 2);
+    EXPECT_STREQ(grid.GetRowAt(kDepth / 2 + 1)->text, "after");
+    middle->flags = GRF_PARENT | GRF_EXPANDED;
+
+    auto copy = std::make_unique<CGridRow>(*top);
+    int depth = 1;
+    int wrong = 0;  // copied rows with a wrong parent or level, or shared with the source
+    const CGridRow* row = copy.get();
+    for (const CGridRow* source = top; row->children.GetSize() > 0; ++depth) {
+        const CGridRow* child = row->children.GetRow(0);
+        source = source->children.GetRow(0);
+        wrong += child->parent != row || child->level != source->level || child == source;
+        row = child;
+    }
+    EXPECT_EQ(depth, kDepth);
+    EXPECT_EQ(wrong, 0);
+    EXPECT_STREQ(row->text, "deepest");
+    ASSERT_NE(row->record, nullptr);
+    EXPECT_NE(row->record, deepest->record);
+    EXPECT_EQ(row->record->words[0], 42u);
+
+    EXPECT_TRUE(grid.DeleteAllRows());
+    EXPECT_EQ(grid.GetItemCount(), 0);
+    EXPECT_EQ(grid.Rows().GetSize(), 0);
+    copy.reset();
+}
+
 TEST_F(GridCtrlTest, ExpandAsksForChildrenOnceAndCountsTheirLines)
 {
     CGridRow* a = AddRow("a");

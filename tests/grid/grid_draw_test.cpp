@@ -226,6 +226,43 @@ TEST_F(GridDrawTest, DeepRowsKeepTheLinesOfAncestorsWithFurtherSiblings)
     EXPECT_EQ(Pixel(xc, Line(3).top + 1), RGB(255, 255, 255));
 }
 
+// However deep a row, what column 0 draws for it (highlight, box, lines,
+// text) stays inside column 0; column 1 of its line keeps the background.
+TEST_F(GridDrawTest, DeepIndentationIsClippedToColumnZero)
+{
+    CGridRow* row = AddRow("deep", GCF_NUMBER_EDIT, "");
+    row->flags = GRF_PARENT | GRF_COLLAPSED;
+    AddRow("b");
+    SyncCount();
+    grid.SetFocus();
+    grid.SelectItem(0);  // column 0 is the current cell
+    const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
+    const COLORREF white = RGB(255, 255, 255);
+    auto expectColumnOneBlank = [&](const char* what) {
+        const CRect c = Cell(0, 1);
+        EXPECT_EQ(Count(highlight, c), 0) << what;
+        EXPECT_EQ(Count(white, c), c.Width() * c.Height()) << what;
+    };
+
+    row->level = 1;  // the text still starts inside column 0
+    Paint();
+    EXPECT_GT(Count(highlight, Cell(0, 0)), 0);
+    expectColumnOneBlank("level 1");
+
+    row->level = 20;  // indented past column 0's 120 pixels
+    Paint();
+    expectColumnOneBlank("level 20");
+
+    row->level = 4;
+    grid.SetColumnWidth(0, 40);
+    Paint();
+    expectColumnOneBlank("level 4, column 0 at 40 pixels");
+    // The box straddles the edge: its part inside column 0 is still drawn.
+    const CRect box = Box(0, 4);
+    ASSERT_LT(box.left, Cell(0, 1).left);
+    EXPECT_EQ(Pixel(box.left, box.top), kTree);
+}
+
 TEST_F(GridDrawTest, GridLinesOutlineCellsAndBackgroundFillsBelowTheLines)
 {
     AddRow("a");

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "tests/grid/test_grid.h"
+#include "tests/support/clipboard_text.h"
 
 namespace {
 
@@ -76,6 +77,52 @@ TEST_F(GridEditorsTest, EscapeNeverCommitsAndDropsEmptyRowsAboveTheLast)
     Input::Key(VK_ESCAPE);
     EXPECT_EQ(grid.deletes, 1);
     EXPECT_TRUE(grid.editsDone.empty());
+}
+
+// Ctrl+V starts from an empty box: neither the text nor the modified state of
+// an earlier edit comes along.
+TEST_F(GridEditorsTest, PasteReplacesWhatAnEarlierEditLeftInTheBox)
+{
+    EditAndType(0, 0, "xyz");
+    Input::Key(VK_RETURN);
+    ASSERT_EQ(grid.editsDone, (Texts{"xyz"}));
+
+    test_clipboard::PutClipboardText(grid.GetSafeHwnd(), "clip");
+    grid.SelectItem(1);
+    Input::Key('V', Input::kControl);
+    ASSERT_TRUE(Editing());
+    EXPECT_STREQ(grid.GetEditText(), "clip");
+    int start = -1, end = -1;
+    grid.EditBox().GetSel(start, end);
+    EXPECT_EQ(start, 0);
+    EXPECT_EQ(end, 4);
+    Input::Key(VK_RETURN);
+    EXPECT_EQ(grid.editsDone, (Texts{"xyz", "clip"}));
+    test_clipboard::CleanClipboard();
+}
+
+TEST_F(GridEditorsTest, EmptyPasteOpensAnEmptyBoxThatCommitsNothingOld)
+{
+    EditAndType(1, 0, "xyz");
+    Input::Key(VK_RETURN);
+    ASSERT_EQ(grid.editsDone, (Texts{"xyz"}));
+
+    test_clipboard::CleanClipboard();
+    grid.SelectItem(0);
+    Input::Key('V', Input::kControl);
+    ASSERT_TRUE(Editing());
+    EXPECT_STREQ(grid.GetEditText(), "");
+    ClickCell(1, 0);  // nothing was entered, so a click commits nothing
+    EXPECT_FALSE(Editing());
+    EXPECT_EQ(grid.editsDone, (Texts{"xyz"}));
+    EXPECT_EQ(grid.deletes, 0);  // the row keeps its text
+
+    grid.SelectItem(0);
+    Input::Key('V', Input::kControl);
+    ASSERT_TRUE(Editing());
+    EXPECT_STREQ(grid.GetEditText(), "");
+    Input::Key(VK_RETURN);  // Enter commits what the box holds: nothing
+    EXPECT_EQ(grid.editsDone, (Texts{"xyz", ""}));
 }
 
 TEST_F(GridEditorsTest, ClickWheelAndScrollEndEditingWithTheEnterRules)

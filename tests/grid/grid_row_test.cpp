@@ -147,6 +147,36 @@ TEST(GridRow, CopyIsDeepWithOwnRecordAndReparentedChildren)
     EXPECT_EQ(copy.prev, nullptr);  // links are not copied
 }
 
+// A row copied from its own descendant or into its own descendant gets the
+// source as it stood before the copy, and nothing freed is read.
+TEST(GridRow, CopyWithinItsOwnTreeCopiesTheSourceAsItWas)
+{
+    CGridRow row;
+    row.text = "top";
+    CGridRow* child = NewRow("child", 1);
+    child->parent = &row;
+    CGridRow* grandchild = NewRow("grandchild", 2);
+    grandchild->parent = child;
+    child->children.AddRow(grandchild);
+    row.children.AddRow(child);
+
+    row = *child;  // the child goes with the row's old children
+    EXPECT_STREQ(row.text, "child");
+    EXPECT_EQ(row.Level(), 1);
+    ASSERT_EQ(row.children.GetSize(), 1);
+    CGridRow* inner = row.children.GetRow(0);
+    EXPECT_STREQ(inner->text, "grandchild");
+    EXPECT_EQ(inner->parent, &row);
+    EXPECT_EQ(inner->children.GetSize(), 0);
+
+    *inner = row;  // into its own child: the row's tree as it was
+    EXPECT_STREQ(inner->text, "child");
+    ASSERT_EQ(inner->children.GetSize(), 1);
+    EXPECT_STREQ(inner->children.GetRow(0)->text, "grandchild");
+    EXPECT_EQ(inner->children.GetRow(0)->parent, inner);
+    EXPECT_EQ(inner->children.GetRow(0)->children.GetSize(), 0);
+}
+
 TEST(GridRow, CellSettersAndBadInput)
 {
     CGridRow row;
