@@ -77,6 +77,7 @@ bool TreeControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
         return true;
 
     case WM_PAINT: {
+        FitScrollBars();  // before the paint takes its area: a bar may change it
         CPaintDC dc(m_wnd);
         Paint(dc, dc.m_ps.rcPaint);
         return true;
@@ -97,6 +98,7 @@ bool TreeControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
         // Full-row highlights and the last page both depend on the size.
         TopIndex();
         InvalidateAll();
+        FitScrollBars();
         return true;
     case WM_SETFOCUS:
     case WM_KILLFOCUS:
@@ -124,11 +126,17 @@ bool TreeControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
     case WM_MOUSEMOVE:
         OnMouseMove(CPoint(lParam));
         return true;
+    case WM_MOUSELEAVE:
+        OnMouseLeave();
+        return true;
     case WM_MOUSEWHEEL:
         OnMouseWheel(static_cast<short>(HIWORD(wParam)));
         return true;
     case WM_VSCROLL:
-        OnVScroll(LOWORD(wParam), static_cast<short>(HIWORD(wParam)));
+        OnVScroll(LOWORD(wParam), ThumbPosition(Hwnd(), SB_VERT, static_cast<short>(HIWORD(wParam))));
+        return true;
+    case WM_HSCROLL:
+        OnHScroll(LOWORD(wParam), ThumbPosition(Hwnd(), SB_HORZ, static_cast<short>(HIWORD(wParam))));
         return true;
     case WM_KEYDOWN:
         OnKeyDown(static_cast<UINT>(wParam));
@@ -145,6 +153,7 @@ bool TreeControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
         m_images = m_stateImages = nullptr;
         m_leftPressed = m_skipNextChar = false;
         m_wheelRemainder = 0;
+        m_scrollX = 0;
         ResetTypeAhead();
         return false;
     default:
@@ -300,7 +309,10 @@ BOOL TreeControl::OnSetItem(const TVITEM* in)
     if (slot == kNone) return FALSE;
     Item& item = m_model.At(slot);
     bool rowsChange = false;
-    if (in->mask & TVIF_TEXT) item.text = in->pszText ? in->pszText : "";
+    if (in->mask & TVIF_TEXT) {
+        item.text = in->pszText ? in->pszText : "";
+        m_contentWidthKnown = false;
+    }
     if (in->mask & TVIF_IMAGE) item.image = in->iImage;
     if (in->mask & TVIF_SELECTEDIMAGE) item.selectedImage = in->iSelectedImage;
     if (in->mask & TVIF_PARAM) item.data = in->lParam;
@@ -347,6 +359,7 @@ HIMAGELIST TreeControl::OnSetImageList(int kind, HIMAGELIST list)
     if (!target) return nullptr;
     HIMAGELIST old = *target;
     *target = list;
+    m_contentWidthKnown = false;
     // The row height may change with the images.
     TopIndex();
     InvalidateAll();
@@ -356,6 +369,7 @@ HIMAGELIST TreeControl::OnSetImageList(int kind, HIMAGELIST list)
 void TreeControl::OnSetFont()
 {
     // Heights and widths follow the font, so everything moves.
+    m_contentWidthKnown = false;
     TopIndex();
     InvalidateAll();
 }
@@ -576,6 +590,76 @@ void TreeControl::ScrollTo(int top)
     m_topIndex = top;
     m_topItem = m_model.HandleOf(rows[static_cast<size_t>(top)]);
     InvalidateAll();
+    FitScrollBars();
+}
+
+void TreeControl::ScrollXTo(int x)
+{
+    const Metrics m = ComputeMetrics();
+    x = std::clamp(x, 0, std::max(0, ContentWidth(m) - m.client.Width()));
+    if (x == m_scrollX) return;
+    m_scrollX = x;
+    InvalidateAll();
+    FitScrollBars();
+}
+
+void TreeControl::OnHScroll(UINT code, int position)
+{
+    const Metrics m = ComputeMetrics();
+    switch (code) {
+    case SB_LINEUP: ScrollXTo(m_scrollX - kHorizontalLine); break;
+    case SB_LINEDOWN: ScrollXTo(m_scrollX + kHorizontalLine); break;
+    case SB_PAGEUP: ScrollXTo(m_scrollX - m.client.Width()); break;
+    case SB_PAGEDOWN: ScrollXTo(m_scrollX + m.client.Width()); break;
+    case SB_THUMBPOSITION:
+    case SB_THUMBTRACK: ScrollXTo(position); break;
+    case SB_TOP: ScrollXTo(0); break;
+    case SB_BOTTOM: ScrollXTo(ContentWidth(m)); break;
+    default: break;
+    }
+}
+
+int TreeControl::ContentWidth(const Metrics& m)
+{
+    const auto& rows = m_model.Rows();
+    if (m_contentWidthKnown && m_contentWidthRows == m_model.RowsGeneration()) return m_contentWidth;
+    int widest = 0;
+    for (Slot slot : rows) {
+        const Item& item = m_model.At(slot);
+        widest = std::max(widest, RowExtent(m, item.depth, TextWidth(m, item)));
+    }
+    m_contentWidth = widest;
+    m_contentWidthKnown = true;
+    m_contentWidthRows = m_model.RowsGeneration();
+    return widest;
+}
+
+void TreeControl::FitScrollBars()
+{
+    const HWND self = Hwnd();
+    const DWORD style = m_wnd->GetStyle();
+    if (!IsWindow(self) || (style & TVS_NOSCROLL)) return;
+    const Metrics m = ComputeMetrics();
+    const int rows = static_cast<int>(m_model.Rows().size());
+    const int width = ContentWidth(m);
+    // A size that now shows more can leave the view scrolled past its content.
+    const int top = TopIndex(m);
+    ::FitScrollBars(self, true, !(style & TVS_NOHSCROLL), [&](const CRect& client) {
+        Metrics trial = m;
+        trial.client = client;
+        ScrollNeeds needs;
+        needs.vertical = {rows, trial.PageRows(), top};
+        needs.horizontal = {width, client.Width(), m_scrollX};
+        return needs;
+    });
+    if (!IsWindow(self)) return;
+    const Metrics after = ComputeMetrics();
+    const int x = std::clamp(m_scrollX, 0, std::max(0, width - after.client.Width()));
+    if (x != m_scrollX) {
+        m_scrollX = x;
+        InvalidateAll();
+        ::SetScrollPos(self, SB_HORZ, x, TRUE);
+    }
 }
 
 void TreeControl::OnVScroll(UINT code, int position)
@@ -594,6 +678,7 @@ void TreeControl::OnVScroll(UINT code, int position)
     default: break;
     }
 }
+
 
 void TreeControl::OnMouseWheel(int delta)
 {
@@ -633,6 +718,7 @@ Metrics TreeControl::ComputeMetrics() const
     if (m_stateImages && ImageList_GetIconSize(m_stateImages, &cx, &cy)) m.stateCx = cx, m.stateCy = cy;
     m.itemHeight = std::max({m.font.height + kTextVerticalSpace, m.imageCy + kImageVerticalSpace,
                              m.stateCy + kImageVerticalSpace});
+    m.scrollX = m_scrollX;
     return m;
 }
 

@@ -61,6 +61,13 @@ private:
     void ScrollTo(int top);
     void ScrollBy(int rows) { ScrollTo(TopIndex() + rows); }
     void OnVScroll(UINT code, int position);
+    void ScrollXTo(int x);
+    void OnHScroll(UINT code, int position);
+    // The widest row's right edge, unscrolled; measured again only after
+    // the rows, a text, the font or the images changed.
+    int ContentWidth(const Metrics& m);
+    // Shows the bars while the rows overflow, and keeps them in step.
+    void FitScrollBars();
     void OnMouseWheel(int delta);
 
     // ---- notifications: false when the window went away in the handler
@@ -107,6 +114,7 @@ private:
     void OnLButtonDblClk(POINT pt);
     LRESULT OnRButtonUp(WPARAM wParam, LPARAM lParam);
     void OnMouseMove(POINT pt);
+    void OnMouseLeave();
     void OnKeyDown(UINT key);
     void OnChar(UINT ch);
     void MoveCaretToRow(int row);
@@ -124,6 +132,10 @@ private:
     HTREEITEM m_hot = nullptr;
     HTREEITEM m_topItem = nullptr;
     int m_topIndex = 0;
+    int m_scrollX = 0;
+    int m_contentWidth = 0;
+    bool m_contentWidthKnown = false;
+    std::uint64_t m_contentWidthRows = 0;  // the row list it was measured on
     int m_wheelRemainder = 0;
 
     HIMAGELIST m_images = nullptr;

@@ -109,6 +109,20 @@ void TreeControl::OnMouseMove(POINT pt)
     InvalidateItem(before);
     m_hot = hot;
     InvalidateItem(Resolve(hot));
+    if (hot) {
+        // The hot item cools when the mouse leaves the tree.
+        TRACKMOUSEEVENT track;
+        track.dwFlags = TME_LEAVE;
+        track.hwndTrack = Hwnd();
+        TrackMouseEvent(&track);
+    }
+}
+
+void TreeControl::OnMouseLeave()
+{
+    const Slot before = Resolve(m_hot);
+    m_hot = nullptr;
+    InvalidateItem(before);
 }
 
 // ---------------------------------------------------------------- keyboard

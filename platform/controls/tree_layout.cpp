@@ -9,7 +9,7 @@ RowLayout LayoutRow(const Metrics& m, int rowTop, int depth, int textWidth)
     RowLayout r;
     r.row = CRect(m.client.left, rowTop, m.client.right, rowTop + m.itemHeight);
     r.level = depth + (m.Has(TVS_LINESATROOT) ? 1 : 0);
-    int x = r.level * kIndent;
+    int x = m.LevelLeft(r.level);
     if (r.level > 0) r.column = CRect(x - kIndent, r.row.top, x, r.row.bottom);
     if (m.stateCx > 0) {
         r.stateIcon = CRect(x, r.row.top, x + m.stateCx, r.row.bottom);
@@ -24,6 +24,13 @@ RowLayout LayoutRow(const Metrics& m, int rowTop, int depth, int textWidth)
     r.label = CRect(x, r.row.top, x + textWidth + 2 * kLabelPadding, r.row.bottom);
     r.text = CPoint(x + kLabelPadding, r.row.top + (m.itemHeight - m.font.height) / 2);
     return r;
+}
+
+int RowExtent(const Metrics& m, int depth, int textWidth)
+{
+    Metrics unscrolled = m;
+    unscrolled.scrollX = 0;
+    return LayoutRow(unscrolled, 0, depth, textWidth).label.right - m.client.left;
 }
 
 UINT HitRow(const Metrics& m, const RowLayout& r, bool hasButton, POINT pt)

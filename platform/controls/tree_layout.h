@@ -22,6 +22,8 @@ constexpr int kLabelPadding = 2;
 constexpr int kButtonSize = 9;
 // Arms of the + and - signs inside the button, from the centre.
 constexpr int kSignArm = 2;
+// Pixels one horizontal scroll line moves: a narrow character of the font model.
+constexpr int kHorizontalLine = 6;
 
 struct Metrics {
     DWORD style = 0;
@@ -32,12 +34,15 @@ struct Metrics {
     int imageCy = 0;
     int stateCx = 0;  // 0 without a state image list
     int stateCy = 0;
+    int scrollX = 0;  // pixels the rows are scrolled to the left
 
     bool Has(DWORD flag) const { return (style & flag) != 0; }
     // Rows that fit whole in the client area, at least one.
     int PageRows() const { return std::max(1, client.Height() / itemHeight); }
     // Client y of a row's top edge while row `top` is the first shown.
     int RowTop(int row, int top) const { return client.top + (row - top) * itemHeight; }
+    // Client x of the left edge of a level's column.
+    int LevelLeft(int level) const { return client.left + level * kIndent - scrollX; }
 };
 
 // Where the parts of one row lie, in client coordinates.
@@ -56,6 +61,8 @@ struct RowLayout {
 // rowTop: client y of the row; depth: the item's depth; textWidth: its text
 // measured in the control's font.
 RowLayout LayoutRow(const Metrics& m, int rowTop, int depth, int textWidth);
+// How far right a row reaches, unscrolled: what the horizontal bar covers.
+int RowExtent(const Metrics& m, int depth, int textWidth);
 
 // TVHT_* flags for a point inside the client area on a row laid out as given.
 UINT HitRow(const Metrics& m, const RowLayout& r, bool hasButton, POINT pt);

@@ -233,6 +233,7 @@ const std::vector<Slot>& TreeModel::Rows()
         m_rows.push_back(s);
     }
     m_rowsDirty = false;
+    ++m_rowsGeneration;
     return m_rows;
 }
 

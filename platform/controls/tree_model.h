@@ -79,6 +79,9 @@ public:
     const std::vector<Slot>& Rows();
     bool RowsCurrent() const { return !m_rowsDirty; }
     void RowsChanged() { m_rowsDirty = true; }
+    // Counts the rebuilds of the row list, so that what is derived from the
+    // rows knows when to derive it again.
+    std::uint64_t RowsGeneration() const { return m_rowsGeneration; }
     // Row of a visible item; -1 when hidden. Rebuilds the rows if needed.
     int RowOf(Slot slot);
 
@@ -91,6 +94,7 @@ private:
     std::vector<Slot> m_free;
     std::vector<Slot> m_rows;
     bool m_rowsDirty = true;
+    std::uint64_t m_rowsGeneration = 0;
     size_t m_count = 0;
     std::uint64_t m_tag = 0;
 };

@@ -107,13 +107,13 @@ void TreeControl::PaintLines(CDC& dc, const Metrics& m, const RowLayout& r, Slot
 {
     // Dots sit where content x + y is even, whichever row is on top.
     const auto vertical = [&](int x, int from, int to) {
-        if ((x + from + yOffset) & 1) ++from;
+        if ((x + m.scrollX + from + yOffset) & 1) ++from;
         if (from >= to) return;
         dc.MoveTo(x, from);
         dc.LineTo(x, to);
     };
     const auto horizontal = [&](int y, int from, int to) {
-        if ((from + y + yOffset) & 1) ++from;
+        if ((from + m.scrollX + y + yOffset) & 1) ++from;
         if (from >= to) return;
         dc.MoveTo(from, y);
         dc.LineTo(to, y);
@@ -133,7 +133,7 @@ void TreeControl::PaintLines(CDC& dc, const Metrics& m, const RowLayout& r, Slot
     const int rootColumn = m.Has(TVS_LINESATROOT) ? 1 : 0;
     for (Slot a = item.parent; m_model.IsItem(a); a = m_model.At(a).parent) {
         const int level = m_model.At(a).depth + rootColumn;
-        if (level > 0 && m_model.At(a).next != kNone) vertical((level - 1) * kIndent + kIndent / 2, r.row.top, r.row.bottom);
+        if (level > 0 && m_model.At(a).next != kNone) vertical(m.LevelLeft(level - 1) + kIndent / 2, r.row.top, r.row.bottom);
     }
 }
 

@@ -1,6 +1,7 @@
 // Row geometry, hit testing, scrolling and keyboard navigation.
 #include <algorithm>
 
+#include "platform/core/window_frame.h"
 #include "platform/gdi/font.h"
 #include "tree_test_support.h"
 
@@ -148,6 +149,8 @@ namespace {
 // 100 items in a window five rows high.
 class TreeScrolling : public TreeFixture {
 protected:
+    // The vertical bar shows, and full rows end at it.
+    static constexpr int kWidthBesideBar = 200 - kScrollBarSize;
     void SetUp() override
     {
         Make(kClassic, CRect(10, 10, 210, 90));
@@ -293,7 +296,7 @@ TEST_F(TreeScrolling, CollapsingOnTheLastPageRepaintsEveryRow)
     // back three rows, so the rows above it change too.
     tree.Expand(items[99], TVE_COLLAPSE);
     ASSERT_TRUE(tree.GetUpdateRect(&pending));
-    EXPECT_EQ(pending, CRect(0, 0, 200, 80));
+    EXPECT_EQ(pending, CRect(0, 0, kWidthBesideBar, 80));
     EXPECT_EQ(FirstVisible(), 95);
     // Expanding only adds rows below the item.
     tree.Select(items[90], TVGN_FIRSTVISIBLE);
@@ -304,7 +307,7 @@ TEST_F(TreeScrolling, CollapsingOnTheLastPageRepaintsEveryRow)
     Paint::UpdateAllWindows();
     tree.Expand(items[92], TVE_EXPAND);
     ASSERT_TRUE(tree.GetUpdateRect(&pending));
-    EXPECT_EQ(pending, CRect(0, 32, 200, 80));
+    EXPECT_EQ(pending, CRect(0, 32, kWidthBesideBar, 80));
 }
 
 TEST_F(TreeScrolling, EnsureVisibleExpandsAndScrolls)
@@ -317,7 +320,7 @@ TEST_F(TreeScrolling, EnsureVisibleExpandsAndScrolls)
     EXPECT_EQ(tree.GetItemState(items[70], TVIS_EXPANDED), TVIS_EXPANDED);
     EXPECT_EQ(tree.GetItemState(outer, TVIS_EXPANDED), TVIS_EXPANDED);
     const CRect row = ItemRect(inner, false);
-    EXPECT_EQ(row, CRect(0, 64, 200, 80));  // the bottom row
+    EXPECT_EQ(row, CRect(0, 64, kWidthBesideBar, 80));  // the bottom row
     EXPECT_TRUE(tree.EnsureVisible(items[0]));
     EXPECT_EQ(FirstVisible(), 0);
 }
