@@ -153,6 +153,7 @@ bool ListControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
         OnCreate();
         return true;
     case WM_PAINT: {
+        FitScrollBars();  // before the paint takes its area: a bar may change it
         CPaintDC dc(m_wnd);
         Paint(dc, dc.m_ps.rcPaint);
         return true;
@@ -174,14 +175,20 @@ bool ListControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
         *result = m_wnd->CWnd::DefWindowProc(message, wParam, lParam);
         if (wParam) m_wnd->Invalidate();
         return true;
-    case WM_SIZE:
+    case WM_SIZE: {
         // As the platform's list view, owner-drawn lines are measured when the
-        // window takes a size, the first time right after WM_CREATE.
-        MeasureLines();
+        // window takes a size, the first time right after WM_CREATE; a scroll
+        // bar coming or going changes only the client.
+        CRect window;
+        m_wnd->GetWindowRect(&window);
+        if (!m_measured || window.Size() != m_measuredWindow) MeasureLines();
+        m_measuredWindow = window.Size();
+        m_measured = true;
         if (!Hwnd()) return true;
         Revalidate();
         m_wnd->Invalidate();
         return true;
+    }
     case WM_SETFOCUS:
     case WM_KILLFOCUS: {
         NMHDR header;
@@ -239,6 +246,7 @@ bool ListControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
 
 void ListControl::OnCreate()
 {
+    m_measured = false;
     m_header = std::make_unique<CHeaderCtrl>();
     const DWORD visible = Has(LVS_NOCOLUMNHEADER) ? 0 : WS_VISIBLE;
     // The platform's list view gives its header the id 0.
@@ -366,6 +374,7 @@ void ListControl::Revalidate()
         if (Hwnd()) m_wnd->Invalidate();
     }
     PlaceHeader();
+    FitScrollBars();
 }
 
 COLORREF ListControl::BackgroundColor() const

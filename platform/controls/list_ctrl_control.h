@@ -73,6 +73,8 @@ private:
     // Keeps the scroll position inside the content after a change of count,
     // size, line height or columns, and the header over the columns.
     void Revalidate();
+    // Shows the bars while lines or columns overflow, and keeps them in step.
+    void FitScrollBars();
     COLORREF BackgroundColor() const;
 
     // ---- notifications: false when the window went away in the handler
@@ -117,6 +119,8 @@ private:
     int m_focus = -1;
     int m_mark = -1;  // where a range selection starts
     int m_top = 0;
+    bool m_measured = false;  // lines measured for the window size below
+    CSize m_measuredWindow;
     int m_scrollX = 0;
     int m_measuredHeight = 0;  // from WM_MEASUREITEM; 0 when not measured
     int m_wheelRemainder = 0;

@@ -27,6 +27,7 @@ void ListControl::ScrollTo(const Geometry& g, long long top)
     if (clamped == m_top) return;
     m_top = clamped;
     InvalidateItems(g);
+    FitScrollBars();
 }
 
 void ListControl::ScrollXTo(const Geometry& g, long long x)
@@ -36,6 +37,21 @@ void ListControl::ScrollXTo(const Geometry& g, long long x)
     m_scrollX = clamped;
     PlaceHeader();
     if (Hwnd()) m_wnd->Invalidate();
+    FitScrollBars();
+}
+
+void ListControl::FitScrollBars()
+{
+    if (!Hwnd() || Has(LVS_NOSCROLL)) return;
+    const Geometry g = ComputeGeometry();
+    ::FitScrollBars(Hwnd(), true, true, [&](const CRect& client) {
+        Geometry trial = g;
+        trial.client = client;
+        ScrollNeeds needs;
+        needs.vertical = {g.count, trial.PageLines(), g.top};
+        needs.horizontal = {g.TotalWidth(), client.Width(), g.scrollX};
+        return needs;
+    });
 }
 
 void ListControl::OnVScroll(UINT code, int position)
@@ -48,7 +64,7 @@ void ListControl::OnVScroll(UINT code, int position)
     case SB_PAGEUP: ScrollTo(g, top - g.PageLines()); break;
     case SB_PAGEDOWN: ScrollTo(g, top + g.PageLines()); break;
     case SB_THUMBPOSITION:
-    case SB_THUMBTRACK: ScrollTo(g, position); break;
+    case SB_THUMBTRACK: ScrollTo(g, ThumbPosition(Hwnd(), SB_VERT, position)); break;
     case SB_TOP: ScrollTo(g, 0); break;
     case SB_BOTTOM: ScrollTo(g, g.MaxTop()); break;
     default: break;
@@ -65,7 +81,7 @@ void ListControl::OnHScroll(UINT code, int position)
     case SB_PAGEUP: ScrollXTo(g, x - g.client.Width()); break;
     case SB_PAGEDOWN: ScrollXTo(g, x + g.client.Width()); break;
     case SB_THUMBPOSITION:
-    case SB_THUMBTRACK: ScrollXTo(g, position); break;
+    case SB_THUMBTRACK: ScrollXTo(g, ThumbPosition(Hwnd(), SB_HORZ, position)); break;
     case SB_TOP: ScrollXTo(g, 0); break;
     case SB_BOTTOM: ScrollXTo(g, g.MaxScrollX()); break;
     default: break;

@@ -49,7 +49,7 @@ TEST_F(ListOwnerDraw, TheHeightMeasuredSetsTheLines)
     CRect rect;
     ASSERT_TRUE(list.GetItemRect(2, &rect, LVIR_BOUNDS));
     EXPECT_EQ(rect, CRect(0, kHeaderHeight + 48, 330, kHeaderHeight + 72));
-    EXPECT_EQ(list.GetCountPerPage(), 180 / 24);
+    EXPECT_EQ(list.GetCountPerPage(), (180 - kScrollBarSize) / 24);  // under the header, above the bar
 }
 
 TEST_F(ListOwnerDraw, AParentThatMeasuresKeepsTheListsMeasureItemOut)
@@ -185,17 +185,17 @@ TEST_F(ListOwnerDraw, RedrawItemsKeepsToTheLinesShown)
     list.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 10));
     Paint::UpdateAllWindows();
     ASSERT_EQ(list.GetTopIndex(), 10);
-    // Lines 10 to 21 show, the last one cut off at the bottom.
+    // Lines 10 to 20 show above the horizontal bar, the last one cut off.
     list.drawn.clear();
     ASSERT_TRUE(list.RedrawItems(0, 1000));
     Paint::UpdateAllWindows();
     std::vector<UINT> shown;
-    for (UINT i = 10; i <= 21; ++i) shown.push_back(i);
+    for (UINT i = 10; i <= 20; ++i) shown.push_back(i);
     EXPECT_EQ(Ids(list.drawn), shown);
     list.drawn.clear();
-    ASSERT_TRUE(list.RedrawItems(20, 30));
+    ASSERT_TRUE(list.RedrawItems(19, 30));
     Paint::UpdateAllWindows();
-    EXPECT_EQ(Ids(list.drawn), (std::vector<UINT>{20, 21}));
+    EXPECT_EQ(Ids(list.drawn), (std::vector<UINT>{19, 20}));
     list.drawn.clear();
     ASSERT_TRUE(list.RedrawItems(2, 9));  // all above the page
     Paint::UpdateAllWindows();

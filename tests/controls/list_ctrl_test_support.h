@@ -12,6 +12,7 @@
 
 #include "platform/controls/list_ctrl.h"
 #include "platform/core/paint.h"
+#include "platform/core/window_frame.h"
 #include "platform/gdi/dc.h"
 #include "platform/gdi/surface.h"
 #include "platform/gdi/sys_color.h"
@@ -25,10 +26,11 @@ constexpr UINT kListId = 4321;
 // The geometry the tests expect, from the platform GUI font (12 px high).
 constexpr int kHeaderHeight = 20;  // font + 8
 constexpr int kLineHeight = 16;    // font + 4
-// The list is 300 x 200: 180 pixels under the header hold 11 whole lines.
+// The list is 300 x 200. Three columns, 330 pixels in all, are wider than
+// that, so the horizontal scroll bar shows: 164 pixels under the header hold
+// 10 whole lines.
 const CRect kListArea(10, 10, 310, 210);
-constexpr int kPage = 11;
-// Three columns, 330 pixels in all: 30 more than the client is wide.
+constexpr int kPage = 10;
 constexpr int kColumnWidths[] = {100, 80, 150};
 
 struct Event {
