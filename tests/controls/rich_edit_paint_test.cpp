@@ -243,3 +243,41 @@ TEST_F(RichEditScroll, LinesAreAsTallAsTheFont)
     EXPECT_EQ(edit.CharFromPos(CPoint(kLeft + 9, 20)), 5);
     edit.SetFont(nullptr);
 }
+
+TEST_F(RichEditScroll, ALongLogScrollsDownByDraggingTheThumbAndPagesOnTheTrack)
+{
+    Make();
+    EXPECT_FALSE(edit.GetStyle() & (WS_VSCROLL | WS_HSCROLL));  // empty: no bars
+    std::string text;
+    for (int i = 0; i < 200; ++i) text += "build line " + std::to_string(i) + "\r\n";
+    edit.SetWindowText(text.c_str());
+    Paint::UpdateAllWindows();
+    ASSERT_TRUE(edit.GetStyle() & WS_VSCROLL);
+    EXPECT_FALSE(edit.GetStyle() & WS_HSCROLL);  // no line is wider than the view
+    CRect client;
+    edit.GetClientRect(&client);
+    EXPECT_EQ(client, CRect(0, 0, 200 - kScrollBarSize, 100));
+    const int lastTop = edit.GetLineCount() - client.Height() / kLine;
+
+    // The track below the thumb pages down by the lines that show.
+    const int barX = client.right + kScrollBarSize / 2;
+    Input::Click(&edit, CPoint(barX, client.bottom - kScrollBarSize - 4));
+    EXPECT_EQ(edit.GetFirstVisibleLine(), client.Height() / kLine);
+    // Dragging the thumb to the bottom shows the last page, and the bar agrees.
+    SCROLLINFO info;
+    ASSERT_TRUE(edit.GetScrollInfo(SB_VERT, &info));
+    CRect window;
+    edit.GetWindowRect(&window);
+    const int thumbTop = kScrollBarSize + static_cast<int>((client.Height() - 2 * kScrollBarSize) * info.nPos / (info.nMax + 1));
+    Input::Wait();
+    Input::MouseDown(&edit, CPoint(barX, thumbTop + 2));
+    Input::MouseMove(&edit, CPoint(barX, client.bottom + 200));
+    EXPECT_EQ(edit.GetFirstVisibleLine(), lastTop);  // the view follows while dragging
+    Input::MouseUp(&edit, CPoint(barX, client.bottom + 200));
+    EXPECT_EQ(edit.GetFirstVisibleLine(), lastTop);
+    EXPECT_EQ(edit.GetScrollPos(SB_VERT), lastTop);
+    // The up arrow steps back one line.
+    Input::Wait();
+    Input::Click(&edit, CPoint(barX, 4));
+    EXPECT_EQ(edit.GetFirstVisibleLine(), lastTop - 1);
+}

@@ -1,6 +1,7 @@
 // Row geometry, hit testing, scrolling and keyboard navigation.
 #include <algorithm>
 
+#include "platform/controls/tree_layout.h"
 #include "platform/core/window_frame.h"
 #include "platform/gdi/font.h"
 #include "tree_test_support.h"
@@ -357,4 +358,50 @@ TEST_F(TreeScrolling, LeftRightAndKeypadKeysWalkTheHierarchy)
     Input::Key(VK_SUBTRACT);
     Input::Key(VK_ADD);
     EXPECT_EQ(tree.GetNextVisibleItem(folder), sub);
+}
+
+TEST_F(TreeFixture, ALongLabelScrollsSidewaysByDraggingTheThumb)
+{
+    Make(kClassic, CRect(10, 10, 210, 90));
+    const HTREEITEM shortItem = tree.InsertItem("short");
+    Paint::UpdateAllWindows();
+    // Everything fits: no bars, the whole window is client.
+    EXPECT_FALSE(tree.GetStyle() & (WS_HSCROLL | WS_VSCROLL));
+
+    const HTREEITEM longItem = tree.InsertItem(std::string(60, 'w').c_str());
+    Paint::UpdateAllWindows();
+    ASSERT_TRUE(tree.GetStyle() & WS_HSCROLL);
+    EXPECT_FALSE(tree.GetStyle() & WS_VSCROLL);  // two rows still fit above the bar
+    CRect client;
+    tree.GetClientRect(&client);
+    EXPECT_EQ(client, CRect(0, 0, 200, 80 - kScrollBarSize));
+    const CRect before = ItemRect(longItem, true);
+    ASSERT_GT(before.right, client.right);
+
+    // Drag the thumb from its place at the left all the way right.
+    const CPoint grip(kScrollBarSize + 2, client.bottom + kScrollBarSize / 2);
+    Input::MouseDown(&tree, grip);
+    Input::MouseMove(&tree, CPoint(grip.x + 40, grip.y));
+    Input::MouseMove(&tree, CPoint(grip.x + 1000, grip.y));
+    Input::MouseUp(&tree, CPoint(grip.x + 1000, grip.y));
+    const CRect after = ItemRect(longItem, true);
+    EXPECT_EQ(after.right, client.right);  // the label's end shows at the edge
+    EXPECT_EQ(after.Width(), before.Width());
+    EXPECT_EQ(tree.GetScrollPos(SB_HORZ), before.right - client.right);
+    // Hit testing and the other rows move with the view.
+    TVHITTESTINFO hit;
+    hit.pt = CPoint(client.right - 3, after.CenterPoint().y);
+    EXPECT_EQ(tree.HitTest(&hit), longItem);
+    EXPECT_TRUE(hit.flags & TVHT_ONITEMLABEL);
+    EXPECT_EQ(ItemRect(shortItem, true).left, ItemRect(longItem, true).left);
+
+    // The left arrow steps back; removing the long row ends the scrolling.
+    Input::Wait();
+    Input::Click(&tree, CPoint(3, grip.y));
+    EXPECT_EQ(ItemRect(longItem, true).right, client.right + tree::kHorizontalLine);
+    tree.DeleteItem(longItem);
+    Paint::UpdateAllWindows();
+    EXPECT_FALSE(tree.GetStyle() & WS_HSCROLL);
+    EXPECT_EQ(tree.GetScrollPos(SB_HORZ), 0);
+    EXPECT_GE(ItemRect(shortItem, true).left, 0);
 }
