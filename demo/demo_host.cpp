@@ -23,6 +23,7 @@
 #include "platform/core/module.h"
 #include "platform/core/paint.h"
 #include "platform/core/paint_dc.h"
+#include "platform/core/window_frame.h"
 #include "platform/core/thread.h"
 #include "platform/docking/frame_wnd.h"
 #include "platform/gdi/sys_color.h"
@@ -188,6 +189,20 @@ void SendBuildLog(CMessageEditCtrl& view)
     }
 }
 
+// Drags the thumb of a view's horizontal scroll bar, from its place at the
+// left end, by `distance` pixels.
+void DragThumbRight(CWnd& view, int distance)
+{
+    CRect client;
+    view.GetClientRect(&client);
+    const CPoint grip(kScrollBarSize + 3, client.bottom + kScrollBarSize / 2);
+    Input::Wait();
+    Input::MouseDown(&view, grip);
+    Input::MouseMove(&view, CPoint(grip.x + distance / 2, grip.y));
+    Input::MouseMove(&view, CPoint(grip.x + distance, grip.y));
+    Input::MouseUp(&view, CPoint(grip.x + distance, grip.y));
+}
+
 CPoint LineCentre(CRichEditCtrl& edit, int line)
 {
     const CPoint at = edit.GetCharPos(edit.LineIndex(line));
@@ -313,6 +328,8 @@ int main(int argc, char** argv)
         functionView.SetFocus();
         Input::Type("m");
         Input::Key(VK_RETURN);
+        host.Note("the user drags the function list's scroll bar right to read the long signatures");
+        DragThumbRight(functionView, 120);
         host.Note("the user double-clicks the build error");
         Input::DoubleClick(&messageView, LineCentre(messageView, 4));
         host.Note("the user selects the first breakpoint and opens its context menu");
