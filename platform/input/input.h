@@ -6,7 +6,11 @@
 //   4. the message is dispatched to its window;
 //   5. windows with invalid areas are painted.
 // Mouse events go to the capture window if there is one, else to the
-// child-most visible window under the point. Keys go to the focus window.
+// child-most visible window under the point, as a non-client message
+// (WM_NCLBUTTONDOWN, ...) when the point is over its frame: a click on a
+// scroll bar scrolls, a press on its thumb drags it until the release. While
+// such a modal loop of the platform runs it takes every mouse and key event.
+// Keys go to the focus window.
 // A second left click at the same place within the double-click time becomes
 // a double click; Input::Wait moves the simulated clock on.
 //
