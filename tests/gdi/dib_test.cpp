@@ -94,6 +94,48 @@ TEST(Dib, SixteenBitPixelsAndBitFields)
     EXPECT_EQ(Decoded(b), (std::vector<std::uint32_t>{0x00FFFF}));
 }
 
+TEST(Dib, ThirtyTwoBitAlphaCountsOnlyWhenSomePixelHasIt)
+{
+    // Every alpha byte zero: an ordinary 32-bit bitmap, which is opaque.
+    const Bytes plain = MakeDib(2, 1, 32, {}, {0x00123456, 0x00ABCDEF});
+    gdi::DibImage image;
+    ASSERT_TRUE(gdi::DecodeDib(plain.data(), plain.size(), image));
+    EXPECT_FALSE(image.hasAlpha);
+    EXPECT_EQ(image.argb, (std::vector<std::uint32_t>{0xFF123456, 0xFFABCDEF}));
+    CBitmap bitmap;
+    ASSERT_TRUE(bitmap.LoadFromDib(plain.data(), plain.size()));
+    EXPECT_EQ(bitmap.GetSurface()->Pixels(), (std::vector<std::uint32_t>{0x123456, 0xABCDEF})) << "colours, not black";
+
+    // One pixel with alpha: every pixel keeps its own, zero included.
+    const Bytes blended = MakeDib(2, 1, 32, {}, {0x00123456, 0x80ABCDEF});
+    ASSERT_TRUE(gdi::DecodeDib(blended.data(), blended.size(), image));
+    EXPECT_TRUE(image.hasAlpha);
+    EXPECT_EQ(image.argb, (std::vector<std::uint32_t>{0x00123456, 0x80ABCDEF}));
+
+    // Bit fields: alpha comes from the alpha mask of a larger header; with
+    // the plain header there is none, and the top byte is not alpha.
+    Bytes fields;
+    gdi_test::Header(fields, 1, 1, 32, BI_BITFIELDS, 0);
+    fields.U32(0x00FF0000);
+    fields.U32(0x0000FF00);
+    fields.U32(0x000000FF);
+    fields.U32(0x7F102030);
+    ASSERT_TRUE(gdi::DecodeDib(fields.data(), fields.size(), image));
+    EXPECT_FALSE(image.hasAlpha);
+    EXPECT_EQ(image.argb, (std::vector<std::uint32_t>{0xFF102030}));
+    Bytes withAlphaMask;
+    gdi_test::Header(withAlphaMask, 1, 1, 32, BI_BITFIELDS, 0);
+    withAlphaMask[0] = 56;  // the header carries the three masks and an alpha mask
+    withAlphaMask.U32(0x00FF0000);
+    withAlphaMask.U32(0x0000FF00);
+    withAlphaMask.U32(0x000000FF);
+    withAlphaMask.U32(0xFF000000);
+    withAlphaMask.U32(0x7F102030);
+    ASSERT_TRUE(gdi::DecodeDib(withAlphaMask.data(), withAlphaMask.size(), image));
+    EXPECT_TRUE(image.hasAlpha);
+    EXPECT_EQ(image.argb, (std::vector<std::uint32_t>{0x7F102030}));
+}
+
 TEST(Dib, MalformedHeadersAreRejected)
 {
     const Bytes good = MakeDib(3, 2, 8, kPalette, {1, 2, 3, 3, 0, 1});
