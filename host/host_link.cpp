@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "platform/core/thread.h"
-#include "siblings/orv_project_misc.h"
+#include "platform/shell/path.h"
 
 namespace HostLink {
 

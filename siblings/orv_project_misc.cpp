@@ -98,30 +98,6 @@ void KeyF5RefreshWnd()
     if (ListenerSlot()) ListenerSlot()("KeyF5RefreshWnd", 0);
 }
 
-BOOL PathRemoveFileSpec(char* path)
-{
-    if (!path) return FALSE;
-    const std::string_view text(path);
-    // The last separator that is a character of its own, not a trail byte.
-    size_t last = std::string_view::npos;
-    for (size_t i = 0; i < text.size();) {
-        const int length = GbkCharLength(text, i);
-        if (length == 1 && IsSeparator(text[i])) last = i;
-        i += static_cast<size_t>(length);
-    }
-    if (last == std::string_view::npos) {
-        const bool changed = !text.empty();
-        path[0] = '\0';
-        return changed ? TRUE : FALSE;
-    }
-    // Keep the separator of a root ("C:\" or "\").
-    const bool root = last == 0 || (last == 2 && text[1] == ':');
-    const size_t cut = root ? last + 1 : last;
-    const bool changed = cut < text.size();
-    path[cut] = '\0';
-    return changed ? TRUE : FALSE;
-}
-
 namespace {
 struct DockFont {
     std::string face = "\xCB\xCE\xCC\xE5";  // 宋体

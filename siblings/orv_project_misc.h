@@ -1,7 +1,7 @@
 // Stand-in for the sibling module of miscellaneous project routines that the
-// panes call: relative paths, the stop and refresh keys, and the shell's path
-// helper. The stop and refresh routines report to a listener so that a host
-// (or a test) can see them happen.
+// panes call: relative paths, the stop and refresh keys, the panes' font. The
+// stop and refresh routines report to a listener so that a host (or a test)
+// can see them happen.
 #pragma once
 
 #include <functional>
@@ -25,10 +25,6 @@ AFX_API BOOL PathRelativePathToEx(char* out, const char* path, const char* baseD
 AFX_API void CleanTerminate(int code);
 // Refreshes the host's windows (the F5 key).
 AFX_API void KeyF5RefreshWnd();
-
-// Removes the last component and its separator: "C:\\p\\x.prj" -> "C:\\p",
-// "C:\\x.prj" -> "C:\\", "x.prj" -> "". Returns TRUE when something was removed.
-AFX_API BOOL PathRemoveFileSpec(char* path);
 
 // The panes' font as the user chose it: writes the face name (GBK) into a
 // kOrvPathBytes buffer and returns the size in points. 宋体 9 until a host

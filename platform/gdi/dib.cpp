@@ -38,17 +38,21 @@ std::uint32_t Channel(std::uint32_t value, std::uint32_t mask)
 
 bool ReadHeader(const ByteReader& in, int heightDivisor, Header& h)
 {
-    std::uint32_t headerSize = 0, bpp = 0, compression = 0, colorsUsed = 0;
+    std::uint32_t headerSize = 0, planes = 0, bpp = 0, compression = 0, colorsUsed = 0;
     std::int32_t width = 0, height = 0;
     if (!in.U32(0, headerSize) || headerSize < 40 || !in.Has(0, headerSize)) return false;
     in.I32(4, width);
     in.I32(8, height);
+    in.U16(12, planes);
     in.U16(14, bpp);
     in.U32(16, compression);
     in.U32(32, colorsUsed);
+    if (planes != 1) return false;
     if (width <= 0 || width > Surface::kMaxSide || height == 0 || height < -Surface::kMaxSide ||
         height > Surface::kMaxSide * heightDivisor)
         return false;
+    // An icon's height covers colour rows and mask rows alike.
+    if (height % heightDivisor != 0) return false;
     h.topDown = height < 0;
     h.width = width;
     h.rows = (height < 0 ? -height : height) / heightDivisor;
@@ -122,6 +126,7 @@ bool Decode(const ByteReader& in, int heightDivisor, DibImage& out, Header& h)
     image.width = h.width;
     image.height = h.rows;
     image.bitsPixel = h.bpp;
+    for (std::uint32_t entry : h.palette) image.palette.push_back(entry & 0x00FFFFFFu);
     image.argb.resize(size_t(h.width) * size_t(h.rows));
     for (int y = 0; y < h.rows; ++y) {
         const int srcRow = h.topDown ? y : h.rows - 1 - y;
@@ -139,7 +144,27 @@ bool Decode(const ByteReader& in, int heightDivisor, DibImage& out, Header& h)
     return true;
 }
 
+// Index of (x, y) in a per-pixel vector of n entries, or n when outside.
+size_t PixelIndex(const DibImage& image, int x, int y, size_t n)
+{
+    if (x < 0 || y < 0 || x >= image.width || y >= image.height) return n;
+    const size_t i = size_t(y) * size_t(image.width) + size_t(x);
+    return i < n ? i : n;
+}
+
 }  // namespace
+
+std::uint32_t DibImage::At(int x, int y) const
+{
+    const size_t i = PixelIndex(*this, x, y, argb.size());
+    return i < argb.size() ? argb[i] : 0;
+}
+
+bool DibImage::IsTransparent(int x, int y) const
+{
+    const size_t i = PixelIndex(*this, x, y, andMask.size());
+    return i < andMask.size() && andMask[i] != 0;
+}
 
 bool DecodeDib(const unsigned char* data, size_t size, DibImage& out)
 {

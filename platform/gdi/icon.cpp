@@ -4,45 +4,15 @@
 #include <cstdlib>
 
 #include "platform/core/resources.h"
-#include "platform/gdi/byte_reader.h"
-#include "platform/gdi/dib.h"
 #include "platform/gdi/handle_table.h"
+#include "platform/gdi/icon_file.h"
 
 namespace {
 
 constexpr int kDefaultIconSize = 32;
 constexpr size_t kMaxEntriesTried = 64;  // bounds the work on a hostile file
 
-struct Entry {
-    int width = 0;
-    int height = 0;
-    int bitCount = 0;
-    size_t offset = 0;
-    size_t size = 0;
-};
-
 gdi::HandleTable<gdi::IconImage>& Icons() { return gdi::PermanentTable<gdi::IconImage>(); }
-
-std::vector<Entry> ReadEntries(const gdi::ByteReader& in)
-{
-    std::vector<Entry> entries;
-    std::uint32_t reserved = 1, type = 0, count = 0;
-    if (!in.U16(0, reserved) || !in.U16(2, type) || !in.U16(4, count)) return entries;
-    if (reserved != 0 || (type != 1 && type != 2) || count == 0) return entries;
-    if (!in.Has(6, size_t(count) * 16)) return entries;  // the directory itself is cut off
-    for (std::uint32_t i = 0; i < count; ++i) {
-        const size_t at = 6 + size_t(i) * 16;
-        std::uint32_t w = 0, h = 0, bits = 0, bytes = 0, offset = 0;
-        in.U8(at, w);
-        in.U8(at + 1, h);
-        in.U16(at + 6, bits);
-        in.U32(at + 8, bytes);
-        in.U32(at + 12, offset);
-        if (!in.Has(offset, bytes)) continue;
-        entries.push_back({w ? int(w) : 256, h ? int(h) : 256, int(bits), offset, bytes});
-    }
-    return entries;
-}
 
 }  // namespace
 
@@ -50,16 +20,17 @@ HICON CreateIconFromIcoBytes(const unsigned char* data, size_t size, int cx, int
 {
     if (cx <= 0) cx = kDefaultIconSize;
     if (cy <= 0) cy = kDefaultIconSize;
-    const gdi::ByteReader in(data, size);
-    std::vector<Entry> entries = ReadEntries(in);
-    const auto distance = [cx, cy](const Entry& e) { return std::abs(e.width - cx) + std::abs(e.height - cy); };
-    std::stable_sort(entries.begin(), entries.end(), [&](const Entry& a, const Entry& b) {
+    std::vector<gdi::IconDirEntry> entries;
+    if (!gdi::ReadIconDirectory(data, size, entries)) return nullptr;
+    std::erase_if(entries, [](const gdi::IconDirEntry& e) { return !e.inFile; });
+    const auto distance = [cx, cy](const gdi::IconDirEntry& e) { return std::abs(e.width - cx) + std::abs(e.height - cy); };
+    std::stable_sort(entries.begin(), entries.end(), [&](const gdi::IconDirEntry& a, const gdi::IconDirEntry& b) {
         return distance(a) != distance(b) ? distance(a) < distance(b) : a.bitCount > b.bitCount;
     });
     if (entries.size() > kMaxEntriesTried) entries.resize(kMaxEntriesTried);
-    for (const Entry& e : entries) {
+    for (const gdi::IconDirEntry& e : entries) {
         gdi::DibImage dib;
-        if (!gdi::DecodeIconDib(in.At(e.offset), e.size, dib)) continue;
+        if (!gdi::DecodeIconDib(data + e.offset, e.size, dib)) continue;
         gdi::IconImage image;
         image.width = dib.width;
         image.height = dib.height;

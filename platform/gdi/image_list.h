@@ -54,7 +54,8 @@ public:
 
     // Add images cut from a bitmap strip (width / cx of them, left to right).
     // With ILC_MASK, pixels equal to the mask colour, or white in the mask
-    // bitmap, are transparent. Return the first new index, or -1.
+    // bitmap, are transparent. Return the first new index, or -1 (also when
+    // the list would hold more pixels than one surface may).
     int Add(CBitmap* bitmap, COLORREF mask);
     int Add(CBitmap* bitmap, CBitmap* mask);
     // An icon scaled to the image size, transparent where the icon is.

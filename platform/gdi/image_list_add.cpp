@@ -12,7 +12,7 @@ template <class MaskTest>
 int AddStrip(gdi::ImageListData& list, const Surface& strip, MaskTest isTransparent)
 {
     const int count = strip.Width() / list.cx;
-    if (count <= 0) return -1;
+    if (count <= 0 || !list.Fits(count)) return -1;
     const int first = static_cast<int>(list.images.size());
     const int rows = std::min(strip.Height(), list.cy);
     for (int n = 0; n < count; ++n) {
@@ -59,7 +59,7 @@ int CImageList::Add(HICON icon)
 {
     gdi::ImageListData* list = gdi::FindImageList(m_hImageList);
     const gdi::IconImage* source = gdi::FindIcon(icon);
-    if (!list || !source) return -1;
+    if (!list || !source || !list->Fits(1)) return -1;
     // Draw the icon over white and over black: pixels that differ let the
     // background through.
     Surface onWhite(list->cx, list->cy, 0xFFFFFF), onBlack(list->cx, list->cy, 0);

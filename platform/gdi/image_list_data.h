@@ -7,6 +7,7 @@
 
 #include "platform/gdi/gdi_types.h"
 #include "platform/gdi/image_list.h"
+#include "platform/gdi/surface.h"
 
 namespace gdi {
 
@@ -24,6 +25,13 @@ struct ImageListData {
     std::unique_ptr<CImageList> wrapper;  // made by FromHandle
 
     bool Masked() const { return (flags & ILC_MASK) != 0; }
+    // Whether `count` more images fit: all images together hold no more
+    // pixels than one surface may, however small the bitmap they are cut from.
+    bool Fits(std::int64_t count) const
+    {
+        const std::int64_t total = std::int64_t(images.size()) + count;
+        return total <= Surface::kMaxArea / (std::int64_t(cx) * cy);
+    }
 };
 
 ImageListData* FindImageList(HIMAGELIST handle);

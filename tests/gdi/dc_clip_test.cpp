@@ -139,3 +139,44 @@ TEST(DcClip, ExtremeCoordinatesStayDefined)
     c.dc.DrawFocusRect(&huge);
     EXPECT_EQ(c.At(5, 5), 0xFFFFFFu);  // the white stock brush filled the inside
 }
+
+TEST(DcClip, SetPixelWritesOnlyInsideTheClipAndTheSurface)
+{
+    WindowCanvas w;
+    // Inside: the colour set comes back and lands at the client corner's offset.
+    EXPECT_EQ(w.dc.SetPixel(19, 14, RGB(255, 0, 0)), RGB(255, 0, 0));
+    EXPECT_EQ(w.surface.GetPixel(29, 19), kRed);
+    EXPECT_EQ(w.dc.GetPixel(19, 14), RGB(255, 0, 0));
+    // Just outside each edge of the clip, and far outside: refused, nothing written.
+    for (const CPoint p : {CPoint(-1, 0), CPoint(0, -1), CPoint(20, 0), CPoint(0, 15), CPoint(-10, -5), CPoint(25, 20),
+                           CPoint(INT_MIN, INT_MIN), CPoint(INT_MAX, INT_MAX)}) {
+        EXPECT_EQ(w.dc.SetPixel(p, RGB(0, 0, 255)), CLR_INVALID) << testing::PrintToString(p);
+        EXPECT_EQ(w.dc.GetPixel(p), CLR_INVALID) << testing::PrintToString(p);
+    }
+    EXPECT_EQ(w.Count(kWhite, w.surface.Bounds()), 40 * 30 - 1);
+
+    // A narrowed clip refuses what the window clip allows.
+    w.dc.IntersectClipRect(2, 2, 4, 4);
+    EXPECT_EQ(w.dc.SetPixel(1, 2, RGB(0, 0, 255)), CLR_INVALID);
+    EXPECT_EQ(w.dc.SetPixel(4, 3, RGB(0, 0, 255)), CLR_INVALID);
+    EXPECT_EQ(w.dc.SetPixel(3, 3, RGB(0, 0, 255)), RGB(0, 0, 255));
+    EXPECT_EQ(w.surface.GetPixel(13, 8), 0x0000FFu);
+    EXPECT_EQ(w.Count(kWhite, w.surface.Bounds()), 40 * 30 - 2);
+
+    // A clip box reaching past the surface still stops at its edge.
+    Canvas c(4, 4, kWhite, CPoint(0, 0), CRect(-10, -10, 10, 10));
+    for (const CPoint p : {CPoint(-1, 0), CPoint(4, 0), CPoint(0, 4), CPoint(3, -1)})
+        EXPECT_EQ(c.dc.SetPixel(p, RGB(255, 0, 0)), CLR_INVALID) << testing::PrintToString(p);
+    EXPECT_EQ(c.Count(kWhite, c.surface.Bounds()), 16);
+
+    // A memory DC draws only into its bitmap.
+    CBitmap bitmap;
+    ASSERT_TRUE(bitmap.CreateCompatibleBitmap(&c.dc, 3, 2));
+    CDC mem;
+    mem.CreateCompatibleDC(&c.dc);
+    mem.SelectObject(&bitmap);
+    EXPECT_EQ(mem.SetPixel(2, 1, RGB(255, 0, 0)), RGB(255, 0, 0));
+    EXPECT_EQ(mem.SetPixel(3, 1, RGB(255, 0, 0)), CLR_INVALID);
+    EXPECT_EQ(mem.SetPixel(2, 2, RGB(255, 0, 0)), CLR_INVALID);
+    EXPECT_EQ(bitmap.GetSurface()->Pixels(), (std::vector<std::uint32_t>{0, 0, 0, 0, 0, kRed}));
+}

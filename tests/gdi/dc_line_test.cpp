@@ -117,3 +117,47 @@ TEST(DcLine, FarEndPointsAreClippedQuickly)
     Line(c.dc, INT_MAX, INT_MIN, INT_MIN, INT_MAX);
     Line(c.dc, 0, INT_MIN, 0, INT_MAX);
 }
+
+TEST(DcLine, BadPenStylesMakeNoPenAndTheDcKeepsItsPen)
+{
+    constexpr int kUserStyle = 7, kAlternate = 8, kGeometric = 0x10000, kEndCapFlat = 0x200;
+    for (const int style : {-1, kUserStyle, kAlternate, kGeometric, PS_SOLID | kEndCapFlat, INT_MIN, INT_MAX}) {
+        CPen bad;
+        EXPECT_FALSE(bad.CreatePen(style, 1, RGB(255, 0, 0))) << style;
+        EXPECT_EQ(bad.GetSafeHandle(), nullptr);
+        int got = 0;
+        EXPECT_FALSE(bad.GetPenInfo(&got, nullptr, nullptr));
+        const CPen constructed(style, 1, RGB(255, 0, 0));
+        EXPECT_EQ(constructed.GetSafeHandle(), nullptr) << style;
+
+        Canvas c(10, 3);
+        CPen blue(PS_SOLID, 1, RGB(0, 0, 255));
+        c.dc.SelectObject(&blue);
+        EXPECT_EQ(c.dc.SelectObject(&bad), nullptr);
+        Line(c.dc, 1, 1, 7, 1);
+        EXPECT_EQ(c.Count(0x0000FF, c.surface.Bounds()), 6) << style;
+    }
+    // A pen made once is not made again.
+    CPen pen(PS_SOLID, 1, RGB(255, 0, 0));
+    EXPECT_FALSE(pen.CreatePen(PS_DOT, 1, RGB(0, 0, 255)));
+    int style = -1, width = 0;
+    COLORREF color = 0;
+    ASSERT_TRUE(pen.GetPenInfo(&style, &width, &color));
+    EXPECT_EQ(style, PS_SOLID);
+    EXPECT_EQ(color, RGB(255, 0, 0));
+}
+
+TEST(DcLine, PenWidthsOutsideTheRangeAreBroughtIntoIt)
+{
+    for (const auto& [asked, kept] : {std::pair{-5, 1}, {0, 1}, {INT_MIN, 1}, {INT_MAX, 256}, {300, 256}}) {
+        CPen pen(PS_SOLID, asked, RGB(0, 0, 0));
+        int width = 0;
+        ASSERT_TRUE(pen.GetPenInfo(nullptr, &width, nullptr)) << asked;
+        EXPECT_EQ(width, kept) << asked;
+        Canvas c(12, 12);
+        c.dc.SelectObject(&pen);
+        Line(c.dc, 2, 6, 9, 6);
+        // One pixel high, or wide enough to cover the whole canvas.
+        EXPECT_EQ(c.Count(kBlack, c.surface.Bounds()), kept == 1 ? 7 : 144) << asked;
+    }
+}

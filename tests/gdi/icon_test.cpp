@@ -75,6 +75,34 @@ TEST(Icon, AlphaChannelBlends)
     EXPECT_EQ(c.surface.Pixels(), (std::vector<std::uint32_t>{0xFFFFFF, 0x00FF00, 0x7F7FFF, 0x000000}));
 }
 
+TEST(Icon, ThirtyTwoBitsWithoutAlphaDrawThroughTheirMask)
+{
+    // Alpha bytes all zero: the mask decides, and unmasked pixels are opaque.
+    const std::vector<std::uint32_t> pixels = {0x00FF0000, 0x0000FF00, 0x00000000, 0x000000FF};
+    const std::vector<std::uint32_t> mask = {0, 0, 1, 0};
+    Icon icon(MakeIco({{2, 2, 32, gdi_test::MakeIconImage(2, 2, 32, {}, pixels, mask)}}), 2);
+    ASSERT_NE(icon.handle, nullptr);
+    Canvas c(2, 2, kGray);
+    EXPECT_TRUE(c.dc.DrawIcon(0, 0, icon.handle));
+    EXPECT_EQ(c.surface.Pixels(), (std::vector<std::uint32_t>{0xFF0000, 0x00FF00, kGray, 0x0000FF}));
+
+    // Without a mask as well, nothing says what is transparent: no icon.
+    Bytes bare;
+    gdi_test::Header(bare, 2, 4, 32, 0, 0);
+    for (std::uint32_t p : pixels) bare.U32(p);
+    Icon none(MakeIco({{2, 2, 32, bare}}), 2);
+    EXPECT_EQ(none.handle, nullptr);
+    // With alpha and no mask, alpha decides.
+    Bytes alpha;
+    gdi_test::Header(alpha, 2, 4, 32, 0, 0);
+    for (std::uint32_t p : {0xFFFF0000u, 0x0000FF00u, 0xFF000000u, 0xFF0000FFu}) alpha.U32(p);
+    Icon blended(MakeIco({{2, 2, 32, alpha}}), 2);
+    ASSERT_NE(blended.handle, nullptr);
+    Canvas d(2, 2, kGray);
+    EXPECT_TRUE(d.dc.DrawIcon(0, 0, blended.handle));
+    EXPECT_EQ(d.surface.Pixels(), (std::vector<std::uint32_t>{0x000000, 0x0000FF, 0xFF0000, kGray}));
+}
+
 TEST(Icon, DestroyedIconsAreGone)
 {
     const Bytes file = MakeIco({HalfIcon(16)});

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <climits>
+
 #include "gdi_test_support.h"
 #include "platform/gdi/icon.h"
 #include "platform/gdi/image_list.h"
@@ -147,4 +149,50 @@ TEST(ImageList, IconsKeepTheirTransparency)
     list.Draw(&c.dc, 0, CPoint(0, 0), ILD_TRANSPARENT);
     EXPECT_EQ(c.Count(kBlue, CRect(2, 0, 4, 2)), 4);  // scaled 2x
     EXPECT_EQ(c.Count(kGray, CRect(0, 0, 2, 2)), 4);
+}
+
+TEST(ImageList, BadSizesMakeNoList)
+{
+    CBitmap strip;
+    ASSERT_TRUE(strip.CreateFromSurface(Surface(16, 16, 0xFF0000)));
+    for (const auto& [cx, cy] : {std::pair{0, 16}, {16, 0}, {-1, 16}, {16, -1}, {4097, 16}, {16, 4097}, {INT_MAX, INT_MAX},
+                                 {INT_MIN, INT_MIN}}) {
+        CImageList list;
+        EXPECT_FALSE(list.Create(cx, cy, ILC_COLOR24 | ILC_MASK, 0, 1)) << cx << " x " << cy;
+        EXPECT_EQ(list.GetSafeHandle(), nullptr);
+        EXPECT_EQ(list.GetImageSize(), CSize(0, 0));
+        EXPECT_EQ(list.Add(&strip, CLR_NONE), -1);
+        EXPECT_EQ(list.GetImageCount(), 0);
+        Canvas c(4, 4, kGray);
+        EXPECT_FALSE(list.Draw(&c.dc, 0, CPoint(0, 0), ILD_NORMAL));
+        EXPECT_EQ(c.Count(kGray, c.surface.Bounds()), 16);
+    }
+    // The largest side is accepted, and the capacity hints reserve nothing.
+    for (const auto& [cx, cy] : {std::pair{4096, 1}, {1, 4096}}) {
+        CImageList list;
+        EXPECT_TRUE(list.Create(cx, cy, ILC_COLOR24, -1, INT_MAX)) << cx << " x " << cy;
+        EXPECT_EQ(list.GetImageSize(), CSize(cx, cy));
+        EXPECT_EQ(list.GetImageCount(), 0);
+    }
+}
+
+TEST(ImageList, StripsThatWouldMakeAHugeListAreRefused)
+{
+    // A strip one pixel high cut into images one pixel wide and 4096 high:
+    // a small bitmap, but 32768 images of 4096 pixels each.
+    CImageList list;
+    ASSERT_TRUE(list.Create(1, 4096, ILC_COLOR24 | ILC_MASK, 0, 1));
+    CBitmap wide;
+    ASSERT_TRUE(wide.CreateFromSurface(Surface(32768, 1, 0xFF0000)));
+    EXPECT_EQ(list.Add(&wide, CLR_NONE), -1);
+    EXPECT_EQ(list.GetImageCount(), 0);
+    // An ordinary strip still goes in, the missing rows left empty.
+    CBitmap small;
+    ASSERT_TRUE(small.CreateFromSurface(Surface(3, 1, 0xFF0000)));
+    EXPECT_EQ(list.Add(&small, CLR_NONE), 0);
+    EXPECT_EQ(list.GetImageCount(), 3);
+    Canvas c(3, 2, kGray);
+    EXPECT_TRUE(list.Draw(&c.dc, 2, CPoint(2, 0), ILD_NORMAL));
+    EXPECT_EQ(c.At(2, 0), kRed);
+    EXPECT_EQ(c.At(2, 1), 0x000000u);
 }

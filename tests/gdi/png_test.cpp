@@ -62,3 +62,16 @@ TEST(Png, FailuresLeaveTheSurfaceAlone)
     EXPECT_EQ(kept.Pixels(), std::vector<std::uint32_t>(4, 0x123456));
     std::remove(path.c_str());
 }
+
+TEST(Png, NullAndEmptyPathsFailWithoutTouchingAnything)
+{
+    const Surface original = Pattern(4, 4);
+    EXPECT_FALSE(WritePng(original, nullptr));
+    EXPECT_FALSE(WritePng(original, CRect(0, 0, 2, 2), nullptr));
+    EXPECT_FALSE(WritePng(original, ""));
+    Surface kept(2, 2, 0x123456);
+    EXPECT_FALSE(ReadPng(nullptr, kept));
+    EXPECT_FALSE(ReadPng("", kept));
+    EXPECT_EQ(kept.Width(), 2);
+    EXPECT_EQ(kept.Pixels(), std::vector<std::uint32_t>(4, 0x123456));
+}

@@ -11,6 +11,9 @@
 #include <vector>
 
 #include "platform/core/resource_formats.h"
+#include "platform/gdi/dib.h"
+#include "platform/gdi/icon_file.h"
+#include "platform/gdi/surface.h"
 #include "platform/text/gbk.h"
 
 // The same table the panes module exports as AfxModuleResources.
@@ -186,18 +189,20 @@ TEST(DockpanesResources, PaneImageStrip)
 {
     const ResourceEntry* entry = Find(ResourceType::Bitmap, 599);
     ASSERT_NE(entry, nullptr);
-    const auto dib = ParseDib(entry->data, entry->size);
-    ASSERT_TRUE(dib);
-    EXPECT_EQ(dib->width, 162);
-    EXPECT_EQ(dib->height, 17);
-    EXPECT_EQ(dib->bitCount, 4);
+    gdi::DibImage dib;
+    ASSERT_TRUE(gdi::DecodeDib(entry->data, entry->size, dib));
+    EXPECT_EQ(dib.width, 162);
+    EXPECT_EQ(dib.height, 17);
+    EXPECT_EQ(dib.bitsPixel, 4);
     const std::vector<COLORREF> vga = {
         RGB(0, 0, 0), RGB(128, 0, 0), RGB(0, 128, 0), RGB(128, 128, 0), RGB(0, 0, 128), RGB(128, 0, 128),
         RGB(0, 128, 128), RGB(192, 192, 192), RGB(128, 128, 128), RGB(255, 0, 0), RGB(0, 255, 0), RGB(255, 255, 0),
         RGB(0, 0, 255), RGB(255, 0, 255), RGB(0, 255, 255), RGB(255, 255, 255)};
-    EXPECT_EQ(dib->palette, vga);
+    std::vector<COLORREF> palette;
+    for (std::uint32_t entry : dib.palette) palette.push_back(PixelToColorRef(entry));
+    EXPECT_EQ(palette, vga);
 
-    const auto at = [&](int image, int x, int y) { return dib->PixelColor(image * kCell + x, y); };
+    const auto at = [&](int image, int x, int y) { return PixelToColorRef(dib.At(image * kCell + x, y)); };
     for (int image = 0; image < 9; ++image) {
         // Background corners, and a drawing in every cell.
         EXPECT_EQ(at(image, 0, 0), kWhite) << image;
@@ -258,17 +263,17 @@ TEST(DockpanesResources, MarkerIconsCarryACircledLetter)
     for (const Expected& e : {Expected{20006, false, true}, Expected{20007, true, true}, Expected{20008, true, false}}) {
         const ResourceEntry* entry = Find(ResourceType::Icon, e.id);
         ASSERT_NE(entry, nullptr) << e.id;
-        const auto icon = ParseIconFile(entry->data, entry->size);
-        ASSERT_TRUE(icon) << e.id;
-        ASSERT_EQ(icon->size(), 2u) << e.id;
-        const DibView& large = (*icon)[0];
-        const DibView& small = (*icon)[1];
+        std::vector<gdi::DibImage> icon;
+        ASSERT_TRUE(gdi::DecodeIconFile(entry->data, entry->size, icon)) << e.id;
+        ASSERT_EQ(icon.size(), 2u) << e.id;
+        const gdi::DibImage& large = icon[0];
+        const gdi::DibImage& small = icon[1];
         ASSERT_EQ(large.width, 32);
         ASSERT_EQ(large.height, 32);
-        EXPECT_EQ(large.bitCount, 4);
+        EXPECT_EQ(large.bitsPixel, 4);
         ASSERT_EQ(small.width, 16);
         ASSERT_EQ(small.height, 16);
-        EXPECT_EQ(small.bitCount, 4);
+        EXPECT_EQ(small.bitsPixel, 4);
 
         for (int y = 0; y < 16; ++y)
             for (int x = 0; x < 16; ++x) EXPECT_TRUE(small.IsTransparent(x, y)) << e.id << " small " << x << "," << y;
@@ -278,7 +283,7 @@ TEST(DockpanesResources, MarkerIconsCarryACircledLetter)
             for (int x = 0; x < 32; ++x) {
                 if (large.IsTransparent(x, y)) continue;
                 EXPECT_TRUE(x < 16 && y < 16) << e.id << ": opaque outside the top-left quarter at " << x << "," << y;
-                const auto colour = large.PixelColor(x, y);
+                const COLORREF colour = PixelToColorRef(large.At(x, y));
                 EXPECT_TRUE(colour == kBlack || colour == RGB(0, 0, 128)) << e.id << " at " << x << "," << y;
                 ++opaque;
             }
@@ -309,11 +314,11 @@ TEST(DockpanesResources, ToolbarMatchesItsImageStrip)
 
     const ResourceEntry* bitmap = Find(ResourceType::Bitmap, 599);
     ASSERT_NE(bitmap, nullptr);
-    const auto dib = ParseDib(bitmap->data, bitmap->size);
-    ASSERT_TRUE(dib);
+    gdi::DibImage dib;
+    ASSERT_TRUE(gdi::DecodeDib(bitmap->data, bitmap->size, dib));
     const auto buttons = std::count_if(toolbar->ids.begin(), toolbar->ids.end(), [](UINT id) { return id != 0; });
-    EXPECT_EQ(dib->width, buttons * toolbar->width);
-    EXPECT_EQ(dib->height, toolbar->height);
+    EXPECT_EQ(dib.width, buttons * toolbar->width);
+    EXPECT_EQ(dib.height, toolbar->height);
 }
 
 }  // namespace

@@ -8,6 +8,9 @@
 #include <vector>
 
 #include "platform/core/resource_formats.h"
+#include "platform/gdi/dib.h"
+#include "platform/gdi/icon_file.h"
+#include "platform/gdi/surface.h"
 #include "platform/text/gbk.h"
 #include "tools/rescomp/art.h"
 #include "tools/rescomp/emit.h"
@@ -147,30 +150,30 @@ TEST(Rescomp, BitmapStripAndIconReadBack)
 
     const auto* bitmap = Find(result, ResourceType::Bitmap, 1);
     ASSERT_NE(bitmap, nullptr);
-    const auto dib = ParseDib(bitmap->data.data(), bitmap->data.size());
-    ASSERT_TRUE(dib);
-    EXPECT_EQ(dib->width, 6);
-    EXPECT_EQ(dib->height, 2);
-    EXPECT_EQ(dib->bitCount, 4);
+    gdi::DibImage dib;
+    ASSERT_TRUE(gdi::DecodeDib(bitmap->data.data(), bitmap->data.size(), dib));
+    EXPECT_EQ(dib.width, 6);
+    EXPECT_EQ(dib.height, 2);
+    EXPECT_EQ(dib.bitsPixel, 4);
     const COLORREF white = RGB(255, 255, 255), red = RGB(255, 0, 0), navy = RGB(0, 0, 128);
     const std::vector<std::vector<COLORREF>> pixels = {{red, white, navy, white, white, red}, {white, white, white, navy, navy, white}};
     for (int y = 0; y < 2; ++y)
-        for (int x = 0; x < 6; ++x) EXPECT_EQ(dib->PixelColor(x, y), pixels[static_cast<size_t>(y)][static_cast<size_t>(x)]) << x << "," << y;
+        for (int x = 0; x < 6; ++x) EXPECT_EQ(PixelToColorRef(dib.At(x, y)), pixels[static_cast<size_t>(y)][static_cast<size_t>(x)]) << x << "," << y;
 
     const auto* iconResource = Find(result, ResourceType::Icon, 2);
     ASSERT_NE(iconResource, nullptr);
-    const auto icon = ParseIconFile(iconResource->data.data(), iconResource->data.size());
-    ASSERT_TRUE(icon);
-    ASSERT_EQ(icon->size(), 2u);
-    const DibView& image = (*icon)[0];
+    std::vector<gdi::DibImage> icon;
+    ASSERT_TRUE(gdi::DecodeIconFile(iconResource->data.data(), iconResource->data.size(), icon));
+    ASSERT_EQ(icon.size(), 2u);
+    const gdi::DibImage& image = icon[0];
     EXPECT_FALSE(image.IsTransparent(0, 0));
-    EXPECT_EQ(image.PixelColor(0, 0), RGB(0, 0, 0));
+    EXPECT_EQ(PixelToColorRef(image.At(0, 0)), RGB(0, 0, 0));
     EXPECT_TRUE(image.IsTransparent(1, 0));
-    EXPECT_EQ(image.PixelColor(1, 0), RGB(0, 0, 0)) << "transparent pixels carry black so the mask alone decides";
-    EXPECT_EQ(image.PixelColor(2, 0), RGB(255, 255, 0));
+    EXPECT_EQ(PixelToColorRef(image.At(1, 0)), RGB(0, 0, 0)) << "transparent pixels carry black so the mask alone decides";
+    EXPECT_EQ(PixelToColorRef(image.At(2, 0)), RGB(255, 255, 0));
     for (int x = 0; x < 3; ++x) EXPECT_TRUE(image.IsTransparent(x, 1));
-    EXPECT_EQ((*icon)[1].width, 2);
-    EXPECT_TRUE((*icon)[1].IsTransparent(1, 0));
+    EXPECT_EQ(icon[1].width, 2);
+    EXPECT_TRUE(icon[1].IsTransparent(1, 0));
 }
 
 TEST(Rescomp, ScriptErrorsNameTheLine)

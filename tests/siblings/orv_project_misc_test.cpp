@@ -1,4 +1,4 @@
-// The sibling routines the views rely on: relative paths and the path helper.
+// The sibling routines the views rely on: relative paths and the stop and refresh keys.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -53,25 +53,6 @@ TEST(PathRelativePathToEx, LongAndBadInputStaysInsideTheBuffer)
     char out[kOrvPathBytes];
     EXPECT_FALSE(PathRelativePathToEx(out, nullptr, nullptr));
     EXPECT_STREQ(out, "");
-}
-
-TEST(PathRemoveFileSpec, RemovesTheLastComponent)
-{
-    char path[kOrvPathBytes];
-    std::strcpy(path, "C:\\work\\demo\\demo.prj");
-    EXPECT_TRUE(PathRemoveFileSpec(path));
-    EXPECT_STREQ(path, "C:\\work\\demo");
-    std::strcpy(path, "C:\\demo.prj");
-    EXPECT_TRUE(PathRemoveFileSpec(path));
-    EXPECT_STREQ(path, "C:\\");
-    EXPECT_FALSE(PathRemoveFileSpec(path));
-    std::strcpy(path, "demo.prj");
-    EXPECT_TRUE(PathRemoveFileSpec(path));
-    EXPECT_STREQ(path, "");
-    const std::string dir = GBK(u8"C:\\俓\\x.prj");
-    std::strcpy(path, dir.c_str());
-    PathRemoveFileSpec(path);
-    EXPECT_EQ(std::string(path), GBK(u8"C:\\俓"));
 }
 
 TEST(SiblingKeys, StopAndRefreshReachTheListener)

@@ -1,0 +1,36 @@
+#include "platform/shell/path.h"
+
+#include <string_view>
+
+#include "platform/text/gbk.h"
+
+namespace {
+
+bool IsSeparator(char c) { return c == '\\' || c == '/'; }
+
+}  // namespace
+
+BOOL PathRemoveFileSpec(LPSTR path)
+{
+    if (!path) return FALSE;
+    const std::string_view text(path);
+    // Where the part to remove begins: at the last separator, or just after
+    // a root, which stays.
+    size_t spec = 0;
+    size_t pos = 0;
+    for (int lead = 0; lead < 2 && pos < text.size() && IsSeparator(text[pos]); ++lead) spec = ++pos;
+    while (pos < text.size()) {
+        const auto length = static_cast<size_t>(GbkCharLength(text, pos));
+        if (length == 1 && IsSeparator(text[pos])) {
+            spec = pos;
+        } else if (length == 1 && text[pos] == ':') {
+            spec = ++pos;
+            if (pos < text.size() && IsSeparator(text[pos])) spec = ++pos;
+            continue;
+        }
+        pos += length;
+    }
+    if (spec >= text.size()) return FALSE;
+    path[spec] = '\0';
+    return TRUE;
+}
