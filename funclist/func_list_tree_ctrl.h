@@ -50,7 +50,6 @@ protected:
     void OnRButtonDown(UINT flags, CPoint point);
     void OnLButtonDblClk(UINT flags, CPoint point);
     void OnChar(UINT ch, UINT repeat, UINT flags);
-    void OnTreeKeyDown(NMHDR* header, LRESULT* result);
     void OnFunlistSeek();
     void OnUpdateFunlistSeek(CCmdUI* pCmdUI);
 
