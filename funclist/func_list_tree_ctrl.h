@@ -60,7 +60,7 @@ private:
     void PickLineUnderCursor(UINT message);
     CFuncSeekItem* EntryAt(int position) const;
 
-    char m_currentFile[kHostPathBytes];
+    char m_currentFile[kPathBytes];
     CFuncSeekItems* m_pList = nullptr;  // shown, not owned
     CImageList m_imageList;
     std::int32_t m_menuLoop = 0;

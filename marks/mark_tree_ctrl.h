@@ -151,7 +151,7 @@ protected:
     // kMarkPositionWidth bytes, then the mark's text.
     CString GetTreeText(CString file, Item* item)
     {
-        char relative[kOrvPathBytes];
+        char relative[kPathBytes];
         PathRelativePathToEx(relative, file, m_baseDirectory);
         CString text;
         text.Format(kMarkPositionFormat, relative, item->line);
@@ -213,6 +213,6 @@ protected:
 
     CImageList m_imageList;
     std::int32_t m_hold = 0;
-    char m_baseDirectory[kHostPathBytes];
+    char m_baseDirectory[kPathBytes];
     std::int32_t m_menuLoop = 0;
 };

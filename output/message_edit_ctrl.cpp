@@ -224,7 +224,7 @@ void CMessageEditCtrl::SetLineColour(int start, COLORREF colour)
 
 void CMessageEditCtrl::ApplyDockFont()
 {
-    char face[kOrvPathBytes] = {};
+    char face[kPathBytes] = {};
     const int tenths = DockFontTenths(GetDockFontInfo(face));
     // Kept until the next change rather than destroyed at once, so that the
     // control never holds a font that is gone.
