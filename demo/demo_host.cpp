@@ -63,7 +63,7 @@ protected:
             return 0;
         case UWM_GET_PROJECT_PATH:
             transcript << "UWM_GET_PROJECT_PATH   -> " << kProjectPath << "\n";
-            if (wParam) std::snprintf(reinterpret_cast<char*>(wParam), kHostPathBytes, "%s", kProjectPath);
+            if (wParam) std::snprintf(reinterpret_cast<char*>(wParam), kPathBytes, "%s", kProjectPath);
             return 0;
         case UWM_GOTO_SOURCE:
             transcript << "UWM_GOTO_SOURCE        file " << GbkToUtf8(reinterpret_cast<const char*>(wParam)) << ", line " << lParam << "\n";

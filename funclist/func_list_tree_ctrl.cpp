@@ -39,7 +39,6 @@ BEGIN_MESSAGE_MAP(CFuncListTreeCtrl, CTreeCtrl)
     ON_WM_RBUTTONDOWN()
     ON_WM_LBUTTONDBLCLK()
     ON_WM_CHAR()
-    ON_NOTIFY_REFLECT(TVN_KEYDOWN, &CFuncListTreeCtrl::OnTreeKeyDown)
     ON_COMMAND(ID_FUNLIST_SEEK, &CFuncListTreeCtrl::OnFunlistSeek)
     ON_UPDATE_COMMAND_UI(ID_FUNLIST_SEEK, &CFuncListTreeCtrl::OnUpdateFunlistSeek)
 END_MESSAGE_MAP()
@@ -229,20 +228,16 @@ void CFuncListTreeCtrl::OnLButtonDblClk(UINT, CPoint)
     PickLineUnderCursor(UWM_GOTO_SOURCE);
 }
 
+// The letter search stands in for the tree's own type-ahead, which would
+// move the selection first: a printable character, whether or not a key down
+// came before it, never reaches the tree. Control characters still do, and
+// end whatever the tree was doing with them.
 void CFuncListTreeCtrl::OnChar(UINT ch, UINT, UINT)
 {
-    Default();
+    const bool printable = ch >= 0x20 && ch != 0x7F;
+    if (!printable) Default();
     EditVarSeekLetter(ch);
     SendForLine(UWM_FUNCLIST_SELECTED, GetSelectedItem());
-}
-
-// The letter search stands in for the tree's own type-ahead: a nonzero answer
-// keeps the key's character out of it.
-void CFuncListTreeCtrl::OnTreeKeyDown(NMHDR* header, LRESULT* result)
-{
-    const auto* key = reinterpret_cast<const NMTVKEYDOWN*>(header);
-    const bool typesLetterOrDigit = (key->wVKey >= 'A' && key->wVKey <= 'Z') || (key->wVKey >= '0' && key->wVKey <= '9');
-    *result = typesLetterOrDigit ? 1 : 0;
 }
 
 void CFuncListTreeCtrl::OnFunlistSeek()

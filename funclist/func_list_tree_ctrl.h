@@ -50,7 +50,6 @@ protected:
     void OnRButtonDown(UINT flags, CPoint point);
     void OnLButtonDblClk(UINT flags, CPoint point);
     void OnChar(UINT ch, UINT repeat, UINT flags);
-    void OnTreeKeyDown(NMHDR* header, LRESULT* result);
     void OnFunlistSeek();
     void OnUpdateFunlistSeek(CCmdUI* pCmdUI);
 
@@ -61,7 +60,7 @@ private:
     void PickLineUnderCursor(UINT message);
     CFuncSeekItem* EntryAt(int position) const;
 
-    char m_currentFile[kHostPathBytes];
+    char m_currentFile[kPathBytes];
     CFuncSeekItems* m_pList = nullptr;  // shown, not owned
     CImageList m_imageList;
     std::int32_t m_menuLoop = 0;

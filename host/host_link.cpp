@@ -37,7 +37,7 @@ void QueryProjectDirectory(char* directory)
 {
     directory[0] = '\0';
     Send(UWM_GET_PROJECT_PATH, reinterpret_cast<WPARAM>(directory), 0);
-    directory[kHostPathBytes - 1] = '\0';  // a host that overfills gets cut, not overrun
+    directory[kPathBytes - 1] = '\0';  // a host that overfills gets cut, not overrun
     PathRemoveFileSpec(directory);
 }
 

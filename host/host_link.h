@@ -16,7 +16,7 @@ LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 AppData* QueryAppData();
 // The project context, or null anywhere on the way.
 ProjectContext* QueryProjectContext();
-// UWM_GET_PROJECT_PATH into a kHostPathBytes buffer, then the last component
+// UWM_GET_PROJECT_PATH into a kPathBytes buffer, then the last component
 // removed: the project directory. A host that does not answer leaves "".
 void QueryProjectDirectory(char* directory);
 // UWM_GOTO_SOURCE with a file path and a line.

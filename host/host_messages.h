@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/core/messages.h"
+#include "platform/text/path_buffer.h"
 
 // View or pane -> main frame: lParam is the address of an AppData pointer the
 // host fills in (or leaves null).
@@ -27,7 +28,7 @@ constexpr UINT UWM_WATCH_FORMAT_VALUE = 1442;
 constexpr UINT UWM_GOTO_SOURCE = 1531;
 // Host -> view, the same number as UWM_GOTO_SOURCE: refresh from the host's data.
 constexpr UINT UWM_REFRESH_VIEW = 1531;
-// View -> main frame: wParam a 256-byte buffer for the project file's path.
+// View -> main frame: wParam a kPathBytes buffer for the project file's path.
 constexpr UINT UWM_GET_PROJECT_PATH = 1539;
 constexpr UINT UWM_FUNCLIST_SELECTED = 1543;
 constexpr UINT UWM_MSGVIEW_GOTO = 1544;
@@ -37,6 +38,3 @@ constexpr UINT UWM_FUNCLIST_SEEK_LINE = 1620;
 // Commands (WM_COMMAND, lParam 0) the views send the main frame.
 constexpr UINT ID_HOST_CLEAR_ALL_BOOKMARKS = 32014;
 constexpr UINT ID_HOST_CLEAR_ALL_BREAKPOINTS = 32194;
-
-// Size of the path buffers exchanged with the host.
-constexpr int kHostPathBytes = 256;

@@ -5,6 +5,13 @@
 
 #include "marks/mark_tree_ctrl.h"
 
+// The image a breakpoint's node shows: the filled one while the breakpoint is
+// active and the view is not held, the outline otherwise (and for no breakpoint).
+inline int BreakPointImage(const CBreakPointItem* item, std::int32_t hold)
+{
+    return item && item->active && !hold ? kImageBreakpointActive : kImageBreakpointInactive;
+}
+
 struct BreakPointTreeTraits {
     using List = CBreakPointList;
     static constexpr UINT kMenuId = IDR_BREAKPOINT_MENU;
@@ -13,11 +20,7 @@ struct BreakPointTreeTraits {
     static constexpr bool kSwallowsFontChange = false;
     static constexpr bool kRefreshesImages = true;
     static List* ListOf(const ProjectContext& context) { return context.breakPointList; }
-    static int ImageOf(const CBreakPointItem& item, std::int32_t hold)
-    {
-        if (hold) return kImageBreakpointInactive;
-        return item.active ? kImageBreakpointActive : kImageBreakpointInactive;
-    }
+    static int ImageOf(const CBreakPointItem& item, std::int32_t hold) { return BreakPointImage(&item, hold); }
 };
 
 class AFX_EXT_CLASS CBreakPointListTreeCtrl : public CMarkTreeCtrl<BreakPointTreeTraits> {
@@ -27,7 +30,7 @@ public:
 
 protected:
     DECLARE_MESSAGE_MAP()
-    int GetImageId(CBreakPointItem* item) const { return item ? BreakPointTreeTraits::ImageOf(*item, m_hold) : kImageBreakpointInactive; }
+    int GetImageId(CBreakPointItem* item) const { return BreakPointImage(item, m_hold); }
     void OnBreakpointSeek();
     void OnUpdateBreakpointSeek(CCmdUI* pCmdUI);
     void OnEditClearAllBkpt();

@@ -90,16 +90,22 @@ protected:
         return CTreeCtrl::WindowProc(message, wParam, lParam);
     }
 
+    // The host's list as it is now, or null. The view keeps no pointer to it:
+    // the host may free a list without a refresh the view carries out.
+    static List* HostList()
+    {
+        ProjectContext* context = HostLink::QueryProjectContext();
+        return context ? Traits::ListOf(*context) : nullptr;
+    }
+
     // Brings the nodes in line with the host's list.
     void UpdateView()
     {
-        ProjectContext* context = HostLink::QueryProjectContext();
-        List* list = context ? Traits::ListOf(*context) : nullptr;
+        List* list = HostList();
         if (!list) return;
         HostLink::QueryProjectDirectory(m_baseDirectory);
 
         SetRedraw(FALSE);
-        m_pList = list;
         const int groups = std::min(list->GetSize(), kMaxMarkGroups);
         HTREEITEM node = GetRootItem();
         for (int f = 0; f < groups; ++f) node = RefreshBranch(list->GroupAt(f), node, f);
@@ -145,7 +151,7 @@ protected:
     // kMarkPositionWidth bytes, then the mark's text.
     CString GetTreeText(CString file, Item* item)
     {
-        char relative[kOrvPathBytes];
+        char relative[kPathBytes];
         PathRelativePathToEx(relative, file, m_baseDirectory);
         CString text;
         text.Format(kMarkPositionFormat, relative, item->line);
@@ -189,14 +195,16 @@ protected:
         RclickSelected();
     }
 
-    // Sends the selected mark's file and line to the host. A node whose
-    // indices no longer match the list is ignored.
+    // Sends the selected mark's file and line to the host, looking the mark up
+    // in the host's current list. A node whose indices are not in that list,
+    // or a host with no list, sends nothing.
     void GotoSelected()
     {
         const HTREEITEM node = GetSelectedItem();
-        if (!node || !m_pList) return;
+        if (!node) return;
         const auto data = static_cast<DWORD>(GetItemData(node));
-        const Group* group = m_pList->GroupAt(MarkFileIndex(data));
+        const List* list = HostList();
+        const Group* group = list ? list->GroupAt(MarkFileIndex(data)) : nullptr;
         const Item* item = group ? group->ItemAt(MarkEntryIndex(data)) : nullptr;
         if (item) HostLink::GotoSource(group->file, item->line);
     }
@@ -204,8 +212,7 @@ protected:
     void EnableWhenSelected(CCmdUI* pCmdUI) { pCmdUI->Enable(GetSelectedItem() != nullptr); }
 
     CImageList m_imageList;
-    List* m_pList = nullptr;  // the list of the last refresh; not owned
     std::int32_t m_hold = 0;
-    char m_baseDirectory[kHostPathBytes];
+    char m_baseDirectory[kPathBytes];
     std::int32_t m_menuLoop = 0;
 };

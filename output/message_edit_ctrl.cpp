@@ -224,12 +224,12 @@ void CMessageEditCtrl::SetLineColour(int start, COLORREF colour)
 
 void CMessageEditCtrl::ApplyDockFont()
 {
-    char face[kOrvPathBytes] = {};
-    const int points = GetDockFontInfo(face);
+    char face[kPathBytes] = {};
+    const int tenths = DockFontTenths(GetDockFontInfo(face));
     // Kept until the next change rather than destroyed at once, so that the
     // control never holds a font that is gone.
     m_dockFont.DeleteObject();
-    if (!m_dockFont.CreatePointFont(points * 10, face)) return;
+    if (!m_dockFont.CreatePointFont(tenths, face)) return;
     SetFont(&m_dockFont, TRUE);
 }
 

@@ -6,12 +6,14 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "platform/text/path_buffer.h"
+
 struct MessageLineRecord {
     std::int32_t level;        // appended lines get 3 x level blanks before the text
     std::uint8_t reserved0[4];
     char text[512];            // GBK, ends with its own line break
     std::int32_t located;      // nonzero: file and line are valid
-    char file[256];            // GBK path of the source file
+    char file[kPathBytes];     // GBK path of the source file
     std::int32_t line;         // handed to the host unchanged
     std::uint8_t reserved1[256];
 };

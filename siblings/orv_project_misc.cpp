@@ -42,7 +42,7 @@ void CopyBounded(char* out, std::string_view text)
     size_t used = 0;
     while (used < text.size()) {
         const auto length = static_cast<size_t>(GbkCharLength(text, used));
-        if (used + length > kOrvPathBytes - 1) break;
+        if (used + length > kPathBytes - 1) break;
         used += length;
     }
     if (used > 0) std::memcpy(out, text.data(), used);

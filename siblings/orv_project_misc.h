@@ -8,11 +8,9 @@
 #include <string_view>
 
 #include "platform/core/win_types.h"
+#include "platform/text/path_buffer.h"
 
-// Buffer size of the paths these routines read and write.
-constexpr int kOrvPathBytes = 256;
-
-// Writes into out (kOrvPathBytes bytes) the path of `path` relative to the
+// Writes into out (kPathBytes bytes) the path of `path` relative to the
 // directory `baseDir`: "sub\\a.c" below it, "..\\x\\a.c" beside it, the path
 // itself on another drive or when baseDir is empty. Separators '\\' and '/' are
 // both understood and the path's own style is kept; letters compare without
@@ -27,7 +25,7 @@ AFX_API void CleanTerminate(int code);
 AFX_API void KeyF5RefreshWnd();
 
 // The panes' font as the user chose it: writes the face name (GBK) into a
-// kOrvPathBytes buffer and returns the size in points. 宋体 9 until a host
+// kPathBytes buffer and returns the size in points. 宋体 9 until a host
 // sets another.
 AFX_API int GetDockFontInfo(char* faceName);
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdarg>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -12,7 +13,10 @@ class AFX_EXT_CLASS CString {
 public:
     CString() = default;
     CString(const char* text) : m_text(text ? text : "") {}
-    CString(const char* text, int length) : m_text(text ? std::string(text, static_cast<size_t>(std::max(length, 0))) : std::string()) {}
+    // At most length bytes, fewer when the text ends first: a length past the
+    // terminator never reads beyond it.
+    CString(const char* text, int length)
+        : m_text(text ? std::string(text, strnlen(text, static_cast<size_t>(std::max(length, 0)))) : std::string()) {}
     CString(std::string_view text) : m_text(text) {}
     CString(char ch, int repeat = 1) : m_text(static_cast<size_t>(std::max(repeat, 0)), ch) {}
 
@@ -43,6 +47,9 @@ public:
     void Format(const char* format, ...) __attribute__((format(printf, 2, 3)));
     void FormatV(const char* format, va_list args);
 
+    // Pieces are cut to the string: a position or count past its end stops
+    // at the end, one before its start at the start. Mid's negative count
+    // takes the rest of the string.
     CString Left(int count) const;
     CString Mid(int first, int count = -1) const;
     CString Right(int count) const;

@@ -17,6 +17,7 @@ void CPtrArray::SetAt(int index, void* element)
 
 int CPtrArray::Add(void* element)
 {
+    if (GetSize() >= kPtrArrayMaxSize) return -1;
     Reserve(m_items.size() + 1);
     m_items.push_back(element);
     return GetSize() - 1;
@@ -25,6 +26,9 @@ int CPtrArray::Add(void* element)
 void CPtrArray::InsertAt(int index, void* element, int count)
 {
     if (index < 0 || count <= 0) return;
+    // The room left is counted by subtraction, which cannot overflow: index
+    // and the size are both at most kPtrArrayMaxSize here.
+    if (index > kPtrArrayMaxSize || count > kPtrArrayMaxSize - std::max(index, GetSize())) return;
     if (index > GetSize()) SetSize(index);
     Reserve(m_items.size() + static_cast<size_t>(count));
     m_items.insert(m_items.begin() + index, static_cast<size_t>(count), element);
@@ -33,8 +37,9 @@ void CPtrArray::InsertAt(int index, void* element, int count)
 void CPtrArray::RemoveAt(int index, int count)
 {
     if (!InRange(index) || count <= 0) return;
-    const int last = std::min(GetSize(), index + count);
-    m_items.erase(m_items.begin() + index, m_items.begin() + last);
+    // index + count may not fit an int; what is left after index always does.
+    const int removed = std::min(count, GetSize() - index);
+    m_items.erase(m_items.begin() + index, m_items.begin() + index + removed);
 }
 
 void CPtrArray::RemoveAll()
@@ -44,8 +49,9 @@ void CPtrArray::RemoveAll()
 
 void CPtrArray::SetSize(int newSize, int growBy)
 {
+    if (newSize < 0 || newSize > kPtrArrayMaxSize) return;
     if (growBy >= 0) m_growBy = growBy;
-    if (newSize <= 0) {
+    if (newSize == 0) {
         std::vector<void*>().swap(m_items);  // size 0 releases the storage
         return;
     }

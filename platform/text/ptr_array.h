@@ -1,12 +1,27 @@
 // The framework's growable arrays. CPtrArray keeps a size, a
 // capacity and a growth step like the framework's; out-of-range reads give a
 // null pointer instead of undefined behaviour, and out-of-range writes do nothing.
+//
+// Indices and counts from a caller are never trusted:
+// - RemoveAt(index, count) removes from index to index + count, cut at the
+//   end of the array; an index outside the array or a count of 0 or less
+//   removes nothing.
+// - InsertAt(index, element, count) first pads the array with nulls up to an
+//   index past its end; a negative index, a count of 0 or less, or a result
+//   larger than kPtrArrayMaxSize leaves the array as it was.
+// - SetSize(size) with a size below 0 or above kPtrArrayMaxSize, and Add on
+//   a full array (which returns -1), leave the array as it was.
+// So the size always fits an int, and nothing is allocated for a hostile count.
 #pragma once
 
 #include <vector>
 
 #include "platform/core/object.h"
 #include "platform/text/cstring.h"
+
+// The most elements an array holds: 128 MB of pointers, far above any list
+// the panes show.
+constexpr int kPtrArrayMaxSize = 1 << 24;
 
 class AFX_EXT_CLASS CPtrArray : public CObject {
 public:

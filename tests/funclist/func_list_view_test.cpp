@@ -189,6 +189,43 @@ TEST_F(FuncListView, LetterSearchStepsThroughInitials)
     EXPECT_EQ(press('B'), "apple(void)");
 }
 
+// The letter search alone answers a typed character: the tree's own
+// type-ahead would move first and the search would then step once more.
+TEST_F(FuncListView, ATypedCharacterMovesOnceToTheNextEntryWithThatInitial)
+{
+    auto list = Functions({"_a", "_b", "_c", "x1", "x2"}, "");
+    Show("a.c", list.get());
+    view.SetSelItem(0);
+    view.SetFocus();
+    // As an input method types it: WM_CHAR alone.
+    const auto type = [&](const char* text) {
+        Input::Type(text);
+        return SelectedText();
+    };
+    EXPECT_EQ(type("_"), "_b(void)");
+    EXPECT_EQ(type("_"), "_c(void)");
+    EXPECT_EQ(type("_"), "_a(void)");
+    // As a keyboard types it: the key down ("_" is Shift and the minus key), then WM_CHAR.
+    const auto keyboard = [&](UINT key, char ch) {
+        MSG down{};
+        down.hwnd = view.GetSafeHwnd();
+        down.message = WM_KEYDOWN;
+        down.wParam = key;
+        Input::Deliver(down);
+        MSG typed = down;
+        typed.message = WM_CHAR;
+        typed.wParam = static_cast<unsigned char>(ch);
+        Input::Deliver(typed);
+        return SelectedText();
+    };
+    constexpr UINT kMinusKey = 0xBD;
+    EXPECT_EQ(keyboard(kMinusKey, '_'), "_b(void)");
+    EXPECT_EQ(keyboard(kMinusKey, '_'), "_c(void)");
+    EXPECT_EQ(type("x"), "x1(void)");
+    EXPECT_EQ(type("x"), "x2(void)");
+    EXPECT_EQ(host.Count(UWM_FUNCLIST_SELECTED), 7);
+}
+
 TEST_F(FuncListView, ClicksSelectAndReport)
 {
     auto list = Functions({"one", "two"});

@@ -49,7 +49,7 @@ TEST(HostLink, UnansweredRequestsLeaveNothing)
     host.answersAppData = false;
     host.answersProjectPath = false;
     EXPECT_EQ(HostLink::QueryAppData(), nullptr);
-    char directory[kHostPathBytes];
+    char directory[kPathBytes];
     HostLink::QueryProjectDirectory(directory);
     EXPECT_STREQ(directory, "");
     host.answersAppData = true;

@@ -1,6 +1,7 @@
 // The message view, driven by host records and simulated input.
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cstring>
 #include <string>
 
@@ -9,6 +10,7 @@
 #include "platform/core/paint.h"
 #include "platform/input/input.h"
 #include "platform/menu/menu_driver.h"
+#include "platform/text/gbk.h"
 #include "platform/ole/global_memory.h"
 #include "siblings/orv_project_misc.h"
 #include "tests/support/test_host.h"
@@ -253,6 +255,27 @@ TEST_P(MessagePane, TheRedLineShowsInPixels)
     const WindowPixels pixels(view);
     ASSERT_TRUE(pixels.Valid());
     EXPECT_GT(pixels.Count(RGB(255, 0, 0), CRect(0, 0, 100, 16)), 10);
+}
+
+// The size comes from the sibling module as the user set it; one outside 1
+// to 1000 points is taken as the nearer end.
+TEST_P(MessagePane, TheDockFontSizeIsKeptWithinOneToAThousandPoints)
+{
+    const auto heightFor = [this](int points) {
+        OrvProjectMisc::SetDockFont(GBK(u8"宋体").c_str(), points);
+        view.SendMessage(UWM_DOCK_FONT_CHANGED);
+        LOGFONT font{};
+        return view.GetFont() && view.GetFont()->GetLogFont(&font) ? font.lfHeight : 0;
+    };
+    EXPECT_EQ(heightFor(12), -16);  // 12 points at 96 dots per inch
+    const LONG largest = heightFor(1000);
+    const LONG smallest = heightFor(1);
+    EXPECT_LT(largest, -16);
+    EXPECT_LT(smallest, 0);
+    EXPECT_GT(smallest, -16);
+    for (const int points : {1001, 429496730, INT_MAX}) EXPECT_EQ(heightFor(points), largest) << points;
+    for (const int points : {0, -1, -2147483647, INT_MIN}) EXPECT_EQ(heightFor(points), smallest) << points;
+    OrvProjectMisc::SetDockFont(GBK(u8"宋体").c_str(), 9);
 }
 
 INSTANTIATE_TEST_SUITE_P(GotoModes, MessagePane,

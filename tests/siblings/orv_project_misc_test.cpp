@@ -11,7 +11,7 @@ namespace {
 
 std::string Relative(const std::string& path, const std::string& base)
 {
-    char out[kOrvPathBytes];
+    char out[kPathBytes];
     std::memset(out, 0x7F, sizeof out);
     PathRelativePathToEx(out, path.c_str(), base.c_str());
     EXPECT_NE(std::memchr(out, '\0', sizeof out), nullptr) << "result must be terminated inside the buffer";
@@ -43,14 +43,14 @@ TEST(PathRelativePathToEx, LongAndBadInputStaysInsideTheBuffer)
 {
     const std::string longPath = "C:\\" + std::string(600, 'x') + "\\a.c";
     const std::string result = Relative(longPath, "D:\\");
-    EXPECT_EQ(result.size(), static_cast<size_t>(kOrvPathBytes - 1));
+    EXPECT_EQ(result.size(), static_cast<size_t>(kPathBytes - 1));
     // A double-byte character straddling the end is not cut in half.
     std::string chinese = "C:\\";
     for (int i = 0; i < 200; ++i) chinese += GBK(u8"中");
     const std::string cut = Relative(chinese, "D:\\");
     EXPECT_EQ((cut.size() - 3) % 2, 0u);
-    EXPECT_LE(cut.size(), static_cast<size_t>(kOrvPathBytes - 1));
-    char out[kOrvPathBytes];
+    EXPECT_LE(cut.size(), static_cast<size_t>(kPathBytes - 1));
+    char out[kPathBytes];
     EXPECT_FALSE(PathRelativePathToEx(out, nullptr, nullptr));
     EXPECT_STREQ(out, "");
 }

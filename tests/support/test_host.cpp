@@ -46,7 +46,7 @@ LRESULT TestHost::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     case UWM_GET_PROJECT_PATH:
         m_received.push_back({message, wParam, lParam, {}});
         if (answersProjectPath && wParam) {
-            const size_t count = std::min(projectPath.size(), static_cast<size_t>(kHostPathBytes - 1));
+            const size_t count = std::min(projectPath.size(), static_cast<size_t>(kPathBytes - 1));
             std::memcpy(reinterpret_cast<char*>(wParam), projectPath.data(), count);
             reinterpret_cast<char*>(wParam)[count] = '\0';
         }
