@@ -176,8 +176,6 @@ void FitScrollBars(HWND hwnd, bool allowVertical, bool allowHorizontal,
         info.nPage = static_cast<UINT>(std::max(0, need.page));
         info.nPos = need.pos;
         reframed |= Apply(data, bar, info, TRUE);
-        // A bar whose content fits is hidden even where its page is zero.
-        if (need.total <= need.page) reframed |= SetShown(data, bar, false);
     };
     apply(SB_VERT, allowVertical, needs.vertical);
     apply(SB_HORZ, allowHorizontal, needs.horizontal);

@@ -33,11 +33,22 @@ void Redraw(HWND hwnd)
 class Tracker : public ModalLoop {
 public:
     Tracker(HWND hwnd, int bar, Part part, int grab) : m_hwnd(hwnd), m_bar(bar), m_part(part), m_grab(grab) {}
+    // However the loop ends, the bar stops looking pressed and tracking.
+    ~Tracker() override
+    {
+        if (ScrollBarState* s = StateOf(m_hwnd, m_bar)) {
+            s->tracking = false;
+            s->pressedPart = kNoPart;
+            Redraw(m_hwnd);
+        }
+    }
 
     void OnInput(const MSG& msg) override
     {
+        // A window gone, or a press whose release never came, ends the drag.
+        if (!IsWindow(m_hwnd)) return ModalInput::End(this);
         if (msg.message == WM_MOUSEMOVE && m_part == kThumb) Drag(msg.pt);
-        else if (msg.message == WM_LBUTTONUP) Release();
+        else if (msg.message == WM_LBUTTONUP || msg.message == WM_LBUTTONDOWN || msg.message == WM_RBUTTONDOWN) Release();
     }
 
 private:

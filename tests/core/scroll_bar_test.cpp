@@ -259,6 +259,16 @@ TEST_F(ScrollBars, DraggingTheThumbTracksFullPositionsAndEndsOnRelease)
     EXPECT_EQ(wnd.GetScrollPos(SB_VERT), 0);
     Input::Click(&wnd, CPoint(5, 5));
     EXPECT_EQ(wnd.clicks, 1);
+
+    // A drag whose release was lost ends at the next press, and tracks no more.
+    Input::Wait();
+    Input::MouseDown(&wnd, grip);
+    Input::MouseDown(&wnd, CPoint(5, 5));
+    EXPECT_EQ(ThumbPosition(wnd, SB_VERT, 7), 7);
+    Input::MouseUp(&wnd, CPoint(5, 5));
+    Input::Wait();
+    Input::Click(&wnd, CPoint(5, 5));
+    EXPECT_EQ(wnd.clicks, 2);
 }
 
 TEST_F(ScrollBars, TheClassicLookArrowsTrackThumbAndCorner)
