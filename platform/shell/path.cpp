@@ -16,21 +16,21 @@ BOOL PathRemoveFileSpec(LPSTR path)
     const std::string_view text(path);
     // Where the part to remove begins: at the last separator, or just after
     // a root, which stays.
-    size_t spec = 0;
+    size_t cut = 0;
     size_t pos = 0;
-    for (int lead = 0; lead < 2 && pos < text.size() && IsSeparator(text[pos]); ++lead) spec = ++pos;
+    for (int lead = 0; lead < 2 && pos < text.size() && IsSeparator(text[pos]); ++lead) cut = ++pos;
     while (pos < text.size()) {
         const auto length = static_cast<size_t>(GbkCharLength(text, pos));
         if (length == 1 && IsSeparator(text[pos])) {
-            spec = pos;
+            cut = pos;
         } else if (length == 1 && text[pos] == ':') {
-            spec = ++pos;
-            if (pos < text.size() && IsSeparator(text[pos])) spec = ++pos;
+            cut = ++pos;
+            if (pos < text.size() && IsSeparator(text[pos])) cut = ++pos;
             continue;
         }
         pos += length;
     }
-    if (spec >= text.size()) return FALSE;
-    path[spec] = '\0';
+    if (cut >= text.size()) return FALSE;
+    path[cut] = '\0';
     return TRUE;
 }
