@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/shell/path.h"
 #include "platform/text/compare.h"
 #include "platform/text/gbk.h"
 
@@ -15,8 +16,6 @@ OrvProjectMisc::Listener& ListenerSlot()
     return listener;
 }
 
-bool IsSeparator(char c) { return c == '\\' || c == '/'; }
-
 // The components of a path, split on separators that are not trail bytes.
 std::vector<std::string> SplitPath(std::string_view path)
 {
@@ -24,7 +23,7 @@ std::vector<std::string> SplitPath(std::string_view path)
     std::string current;
     for (size_t i = 0; i < path.size();) {
         const int length = GbkCharLength(path, i);
-        if (length == 1 && IsSeparator(path[i])) {
+        if (length == 1 && IsPathSeparator(path[i])) {
             if (!current.empty()) parts.push_back(std::move(current));
             current.clear();
         } else {
@@ -65,8 +64,8 @@ BOOL PathRelativePathToEx(char* out, const char* path, const char* baseDir)
     const auto baseParts = SplitPath(base);
     // Paths on different roots (drives, or one relative and one absolute) have
     // no relative form.
-    const bool rooted = !full.empty() && IsSeparator(full.front());
-    const bool baseRooted = !base.empty() && IsSeparator(base.front());
+    const bool rooted = !full.empty() && IsPathSeparator(full.front());
+    const bool baseRooted = !base.empty() && IsPathSeparator(base.front());
     if (base.empty() || fileParts.empty() || baseParts.empty() || rooted != baseRooted ||
         _stricmp(fileParts.front().c_str(), baseParts.front().c_str()) != 0) {
         CopyBounded(out, full);

@@ -153,7 +153,6 @@ bool ListControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
         OnCreate();
         return true;
     case WM_PAINT: {
-        FitScrollBars();  // before the paint takes its area: a bar may change it
         CPaintDC dc(m_wnd);
         Paint(dc, dc.m_ps.rcPaint);
         return true;
@@ -181,9 +180,8 @@ bool ListControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
         // bar coming or going changes only the client.
         CRect window;
         m_wnd->GetWindowRect(&window);
-        if (!m_measured || window.Size() != m_measuredWindow) MeasureLines();
+        if (m_measuredWindow != window.Size()) MeasureLines();
         m_measuredWindow = window.Size();
-        m_measured = true;
         if (!Hwnd()) return true;
         Revalidate();
         m_wnd->Invalidate();
@@ -229,10 +227,10 @@ bool ListControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
         OnMouseWheel(static_cast<short>(HIWORD(wParam)));
         return true;
     case WM_VSCROLL:
-        OnVScroll(LOWORD(wParam), static_cast<short>(HIWORD(wParam)));
+        OnVScroll(LOWORD(wParam), ScrollRequestPosition(Hwnd(), message, wParam));
         return true;
     case WM_HSCROLL:
-        OnHScroll(LOWORD(wParam), static_cast<short>(HIWORD(wParam)));
+        OnHScroll(LOWORD(wParam), ScrollRequestPosition(Hwnd(), message, wParam));
         return true;
     case WM_KEYDOWN:
         OnKeyDown(static_cast<UINT>(wParam));
@@ -246,7 +244,7 @@ bool ListControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
 
 void ListControl::OnCreate()
 {
-    m_measured = false;
+    m_measuredWindow.reset();
     m_header = std::make_unique<CHeaderCtrl>();
     const DWORD visible = Has(LVS_NOCOLUMNHEADER) ? 0 : WS_VISIBLE;
     // The platform's list view gives its header the id 0.

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "platform/controls/list_ctrl.h"
@@ -119,8 +120,7 @@ private:
     int m_focus = -1;
     int m_mark = -1;  // where a range selection starts
     int m_top = 0;
-    bool m_measured = false;  // lines measured for the window size below
-    CSize m_measuredWindow;
+    std::optional<CSize> m_measuredWindow;  // the window size lines were measured for
     int m_scrollX = 0;
     int m_measuredHeight = 0;  // from WM_MEASUREITEM; 0 when not measured
     int m_wheelRemainder = 0;

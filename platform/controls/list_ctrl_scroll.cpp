@@ -64,7 +64,7 @@ void ListControl::OnVScroll(UINT code, int position)
     case SB_PAGEUP: ScrollTo(g, top - g.PageLines()); break;
     case SB_PAGEDOWN: ScrollTo(g, top + g.PageLines()); break;
     case SB_THUMBPOSITION:
-    case SB_THUMBTRACK: ScrollTo(g, ThumbPosition(Hwnd(), SB_VERT, position)); break;
+    case SB_THUMBTRACK: ScrollTo(g, position); break;
     case SB_TOP: ScrollTo(g, 0); break;
     case SB_BOTTOM: ScrollTo(g, g.MaxTop()); break;
     default: break;
@@ -81,7 +81,7 @@ void ListControl::OnHScroll(UINT code, int position)
     case SB_PAGEUP: ScrollXTo(g, x - g.client.Width()); break;
     case SB_PAGEDOWN: ScrollXTo(g, x + g.client.Width()); break;
     case SB_THUMBPOSITION:
-    case SB_THUMBTRACK: ScrollXTo(g, ThumbPosition(Hwnd(), SB_HORZ, position)); break;
+    case SB_THUMBTRACK: ScrollXTo(g, position); break;
     case SB_TOP: ScrollXTo(g, 0); break;
     case SB_BOTTOM: ScrollXTo(g, g.MaxScrollX()); break;
     default: break;

@@ -39,7 +39,6 @@ bool RichEditControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT
         *result = reinterpret_cast<LRESULT>(FontHandle());
         return true;
     case WM_PAINT: {
-        FitScrollBars();  // before the paint takes its area: a bar may change it
         CPaintDC dc(m_wnd);
         Paint(dc, dc.m_ps.rcPaint);
         return true;
@@ -86,10 +85,10 @@ bool RichEditControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT
         OnMouseWheel(static_cast<short>(HIWORD(wParam)));
         return true;
     case WM_VSCROLL:
-        OnVScroll(LOWORD(wParam), static_cast<short>(HIWORD(wParam)));
+        OnVScroll(LOWORD(wParam), ScrollRequestPosition(Hwnd(), message, wParam));
         return true;
     case WM_HSCROLL:
-        OnHScroll(LOWORD(wParam), static_cast<short>(HIWORD(wParam)));
+        OnHScroll(LOWORD(wParam), ScrollRequestPosition(Hwnd(), message, wParam));
         return true;
     case WM_KEYDOWN:
         OnKeyDown(static_cast<UINT>(wParam));

@@ -2,8 +2,8 @@
 // lines show, and keeping the caret in view.
 #include "platform/controls/rich_edit_control.h"
 
-#include <cstdint>
 #include <climits>
+#include <cstdint>
 #include <limits>
 
 #include "platform/core/input_state.h"
@@ -168,7 +168,7 @@ void RichEditControl::OnVScroll(UINT code, int position)
     case SB_PAGEUP: LineScroll(0, -ComputeMetrics().FullLines()); break;
     case SB_PAGEDOWN: LineScroll(0, ComputeMetrics().FullLines()); break;
     case SB_THUMBPOSITION:
-    case SB_THUMBTRACK: ScrollTo(std::clamp<Pos>(ThumbPosition(Hwnd(), SB_VERT, position), 0, LastTopLine(ComputeMetrics())), m_scrollX); break;
+    case SB_THUMBTRACK: ScrollTo(std::clamp<Pos>(position, 0, LastTopLine(ComputeMetrics())), m_scrollX); break;
     case SB_TOP: ScrollTo(0, m_scrollX); break;
     case SB_BOTTOM: ScrollTo(LastTopLine(ComputeMetrics()), m_scrollX); break;
     default: break;
@@ -186,7 +186,7 @@ void RichEditControl::OnHScroll(UINT code, int position)
     case SB_PAGEUP: LineScroll(-page, 0); break;
     case SB_PAGEDOWN: LineScroll(page, 0); break;
     case SB_THUMBPOSITION:
-    case SB_THUMBTRACK: ScrollTo(static_cast<Pos>(m_firstLine), std::clamp(ThumbPosition(Hwnd(), SB_HORZ, position), 0, right)); break;
+    case SB_THUMBTRACK: ScrollTo(static_cast<Pos>(m_firstLine), std::clamp(position, 0, right)); break;
     case SB_TOP: ScrollTo(static_cast<Pos>(m_firstLine), 0); break;
     case SB_BOTTOM: ScrollTo(static_cast<Pos>(m_firstLine), right); break;
     default: break;

@@ -133,10 +133,10 @@ bool TreeControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* re
         OnMouseWheel(static_cast<short>(HIWORD(wParam)));
         return true;
     case WM_VSCROLL:
-        OnVScroll(LOWORD(wParam), ThumbPosition(Hwnd(), SB_VERT, static_cast<short>(HIWORD(wParam))));
+        OnVScroll(LOWORD(wParam), ScrollRequestPosition(Hwnd(), message, wParam));
         return true;
     case WM_HSCROLL:
-        OnHScroll(LOWORD(wParam), ThumbPosition(Hwnd(), SB_HORZ, static_cast<short>(HIWORD(wParam))));
+        OnHScroll(LOWORD(wParam), ScrollRequestPosition(Hwnd(), message, wParam));
         return true;
     case WM_KEYDOWN:
         OnKeyDown(static_cast<UINT>(wParam));
@@ -652,13 +652,12 @@ void TreeControl::FitScrollBars()
         needs.horizontal = {width, client.Width(), m_scrollX};
         return needs;
     });
+    // The bar keeps its position where a whole page fits; the rows follow it.
     if (!IsWindow(self)) return;
-    const Metrics after = ComputeMetrics();
-    const int x = std::clamp(m_scrollX, 0, std::max(0, width - after.client.Width()));
+    const int x = (style & TVS_NOHSCROLL) ? 0 : ::GetScrollPos(self, SB_HORZ);
     if (x != m_scrollX) {
         m_scrollX = x;
         InvalidateAll();
-        ::SetScrollPos(self, SB_HORZ, x, TRUE);
     }
 }
 
@@ -678,7 +677,6 @@ void TreeControl::OnVScroll(UINT code, int position)
     default: break;
     }
 }
-
 
 void TreeControl::OnMouseWheel(int delta)
 {

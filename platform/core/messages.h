@@ -91,7 +91,6 @@ constexpr UINT SIZE_RESTORED = 0;
 // WM_NCHITTEST answers: which part of a window a screen point is over.
 constexpr int HTNOWHERE = 0;
 constexpr int HTCLIENT = 1;
-constexpr int HTGROWBOX = 4;  // the corner where two scroll bars meet
 constexpr int HTHSCROLL = 6;
 constexpr int HTVSCROLL = 7;
 constexpr int HTBORDER = 18;

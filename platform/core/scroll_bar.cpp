@@ -8,14 +8,6 @@
 
 namespace {
 
-ScrollBarState* StateOf(WindowData* data, int bar)
-{
-    if (!data) return nullptr;
-    if (bar == SB_VERT) return &data->vertical;
-    if (bar == SB_HORZ) return &data->horizontal;
-    return nullptr;
-}
-
 DWORD StyleOf(int bar)
 {
     return bar == SB_VERT ? WS_VSCROLL : WS_HSCROLL;
@@ -52,7 +44,7 @@ void AfterFrameChange(HWND hwnd, CSize before)
 // shown or hidden.
 bool Apply(WindowData* data, int bar, const SCROLLINFO& info, BOOL redraw)
 {
-    ScrollBarState& s = *StateOf(data, bar);
+    ScrollBarState& s = *ScrollBarOf(data->handle, bar);
     const ScrollBarState before = s;
     if (info.fMask & SIF_RANGE) {
         s.min = info.nMin;
@@ -76,20 +68,29 @@ bool Apply(WindowData* data, int bar, const SCROLLINFO& info, BOOL redraw)
 
 }  // namespace
 
+ScrollBarState* ScrollBarOf(HWND hwnd, int bar)
+{
+    WindowData* data = WindowRegistry::Find(hwnd);
+    if (!data) return nullptr;
+    if (bar == SB_VERT) return &data->vertical;
+    if (bar == SB_HORZ) return &data->horizontal;
+    return nullptr;
+}
+
 int SetScrollInfo(HWND hwnd, int bar, LPCSCROLLINFO info, BOOL redraw)
 {
     WindowData* data = WindowRegistry::Find(hwnd);
-    if (!StateOf(data, bar) || !info) return 0;
+    if (!ScrollBarOf(hwnd, bar) || !info) return 0;
     const CSize before = ClientSize(*data);
     const bool reframed = Apply(data, bar, *info, redraw);
-    const int pos = StateOf(data, bar)->pos;
+    const int pos = ScrollBarOf(hwnd, bar)->pos;
     if (reframed) AfterFrameChange(hwnd, before);
     return pos;
 }
 
 BOOL GetScrollInfo(HWND hwnd, int bar, LPSCROLLINFO info)
 {
-    const ScrollBarState* s = StateOf(WindowRegistry::Find(hwnd), bar);
+    const ScrollBarState* s = ScrollBarOf(hwnd, bar);
     if (!s || !info) return FALSE;
     if (info->fMask & SIF_RANGE) info->nMin = s->min, info->nMax = s->max;
     if (info->fMask & SIF_PAGE) info->nPage = s->page;
@@ -100,7 +101,7 @@ BOOL GetScrollInfo(HWND hwnd, int bar, LPSCROLLINFO info)
 
 int GetScrollPos(HWND hwnd, int bar)
 {
-    const ScrollBarState* s = StateOf(WindowRegistry::Find(hwnd), bar);
+    const ScrollBarState* s = ScrollBarOf(hwnd, bar);
     return s ? s->pos : 0;
 }
 
@@ -116,7 +117,7 @@ int SetScrollPos(HWND hwnd, int bar, int pos, BOOL redraw)
 
 BOOL GetScrollRange(HWND hwnd, int bar, int* minPos, int* maxPos)
 {
-    const ScrollBarState* s = StateOf(WindowRegistry::Find(hwnd), bar);
+    const ScrollBarState* s = ScrollBarOf(hwnd, bar);
     if (!s || !minPos || !maxPos) return FALSE;
     *minPos = s->min;
     *maxPos = s->max;
@@ -125,7 +126,7 @@ BOOL GetScrollRange(HWND hwnd, int bar, int* minPos, int* maxPos)
 
 BOOL SetScrollRange(HWND hwnd, int bar, int minPos, int maxPos, BOOL redraw)
 {
-    if (!StateOf(WindowRegistry::Find(hwnd), bar)) return FALSE;
+    if (!ScrollBarOf(hwnd, bar)) return FALSE;
     SCROLLINFO info;
     info.fMask = SIF_RANGE;
     info.nMin = minPos;
@@ -182,10 +183,10 @@ void FitScrollBars(HWND hwnd, bool allowVertical, bool allowHorizontal,
     if (reframed) AfterFrameChange(hwnd, before);
 }
 
-int ThumbPosition(HWND hwnd, int bar, int messagePosition)
+int ScrollRequestPosition(HWND hwnd, UINT message, WPARAM wParam)
 {
-    const ScrollBarState* s = StateOf(WindowRegistry::Find(hwnd), bar);
-    return s && s->tracking ? s->trackPos : messagePosition;
+    const ScrollBarState* s = ScrollBarOf(hwnd, message == WM_VSCROLL ? SB_VERT : SB_HORZ);
+    return s && s->tracking ? s->trackPos : static_cast<short>(HIWORD(wParam));
 }
 
 // ---------------------------------------------------------------- CWnd members

@@ -69,6 +69,7 @@ struct ScrollNeeds {
 AFX_API void FitScrollBars(HWND hwnd, bool allowVertical, bool allowHorizontal,
                            const std::function<ScrollNeeds(const CRect& client)>& measure);
 
-// The position a WM_VSCROLL/WM_HSCROLL thumb request means: the full 32-bit
-// track position while the user drags the bar, else the message's own.
-AFX_API int ThumbPosition(HWND hwnd, int bar, int messagePosition);
+// The position a WM_VSCROLL/WM_HSCROLL request to hwnd carries: the full
+// 32-bit track position while the user drags that bar, else the message's
+// own signed 16 bits.
+AFX_API int ScrollRequestPosition(HWND hwnd, UINT message, WPARAM wParam);

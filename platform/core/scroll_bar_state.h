@@ -26,3 +26,7 @@ struct ScrollBarState {
     // Where the thumb is drawn: at the track position while it is dragged.
     int ShownPos() const { return tracking ? trackPos : pos; }
 };
+
+// The state of a window's bar (SB_VERT or SB_HORZ); null for any other bar or
+// a window that is gone.
+AFX_API ScrollBarState* ScrollBarOf(HWND hwnd, int bar);

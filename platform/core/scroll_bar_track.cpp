@@ -10,13 +10,6 @@
 namespace scrollbar {
 namespace {
 
-ScrollBarState* StateOf(HWND hwnd, int bar)
-{
-    WindowData* data = WindowRegistry::Find(hwnd);
-    if (!data) return nullptr;
-    return bar == SB_VERT ? &data->vertical : &data->horizontal;
-}
-
 void Request(HWND hwnd, int bar, UINT code, int pos = 0)
 {
     const WPARAM wParam = MAKEWPARAM(code, static_cast<WORD>(pos));
@@ -36,7 +29,7 @@ public:
     // However the loop ends, the bar stops looking pressed and tracking.
     ~Tracker() override
     {
-        if (ScrollBarState* s = StateOf(m_hwnd, m_bar)) {
+        if (ScrollBarState* s = ScrollBarOf(m_hwnd, m_bar)) {
             s->tracking = false;
             s->pressedPart = kNoPart;
             Redraw(m_hwnd);
@@ -54,7 +47,7 @@ public:
 private:
     void Drag(POINT screen)
     {
-        ScrollBarState* s = StateOf(m_hwnd, m_bar);
+        ScrollBarState* s = ScrollBarOf(m_hwnd, m_bar);
         if (!s) return ModalInput::End(this);
         const Layout l = ScreenLayout(m_hwnd, m_bar);
         const int pos = PosForThumbAt(l, *s, (l.vertical ? screen.y : screen.x) - m_grab);
@@ -67,11 +60,11 @@ private:
     void Release()
     {
         ModalInput::End(this);
-        ScrollBarState* s = StateOf(m_hwnd, m_bar);
+        ScrollBarState* s = ScrollBarOf(m_hwnd, m_bar);
         if (!s) return;
         if (m_part == kThumb) {
             Request(m_hwnd, m_bar, SB_THUMBPOSITION, s->trackPos);
-            if (!(s = StateOf(m_hwnd, m_bar))) return;
+            if (!(s = ScrollBarOf(m_hwnd, m_bar))) return;
             s->tracking = false;
         }
         s->pressedPart = kNoPart;
@@ -96,12 +89,12 @@ Layout ScreenLayout(HWND hwnd, int bar)
     CRect window;
     ::GetWindowRect(hwnd, &window);
     area.OffsetRect(window.left, window.top);
-    return LayoutBar(area, bar == SB_VERT, bar == SB_VERT ? data->vertical : data->horizontal);
+    return LayoutBar(area, bar == SB_VERT, *ScrollBarOf(hwnd, bar));
 }
 
 void Press(HWND hwnd, int bar, POINT screen)
 {
-    ScrollBarState* s = StateOf(hwnd, bar);
+    ScrollBarState* s = ScrollBarOf(hwnd, bar);
     if (!s) return;
     const Layout l = ScreenLayout(hwnd, bar);
     const Part part = PartAt(l, screen);

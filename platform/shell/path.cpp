@@ -4,12 +4,6 @@
 
 #include "platform/text/gbk.h"
 
-namespace {
-
-bool IsSeparator(char c) { return c == '\\' || c == '/'; }
-
-}  // namespace
-
 BOOL PathRemoveFileSpec(LPSTR path)
 {
     if (!path) return FALSE;
@@ -18,14 +12,14 @@ BOOL PathRemoveFileSpec(LPSTR path)
     // a root, which stays.
     size_t cut = 0;
     size_t pos = 0;
-    for (int lead = 0; lead < 2 && pos < text.size() && IsSeparator(text[pos]); ++lead) cut = ++pos;
+    for (int lead = 0; lead < 2 && pos < text.size() && IsPathSeparator(text[pos]); ++lead) cut = ++pos;
     while (pos < text.size()) {
         const auto length = static_cast<size_t>(GbkCharLength(text, pos));
-        if (length == 1 && IsSeparator(text[pos])) {
+        if (length == 1 && IsPathSeparator(text[pos])) {
             cut = pos;
         } else if (length == 1 && text[pos] == ':') {
             cut = ++pos;
-            if (pos < text.size() && IsSeparator(text[pos])) cut = ++pos;
+            if (pos < text.size() && IsPathSeparator(text[pos])) cut = ++pos;
             continue;
         }
         pos += length;

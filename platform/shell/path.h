@@ -6,6 +6,10 @@
 
 #include "platform/core/win_types.h"
 
+// A path separator byte; whether it stands as a character of its own is the
+// caller's to know (GbkCharLength gives 1).
+constexpr bool IsPathSeparator(char c) { return c == '\\' || c == '/'; }
+
 // Removes the last component and the separator before it: "C:\\p\\x.prj" ->
 // "C:\\p", "C:\\x.prj" -> "C:\\", "\\x" -> "\\", "\\\\server\\share" ->
 // "\\\\server", "C:x.prj" -> "C:", "x.prj" -> "". A root ("C:\\", "\\",

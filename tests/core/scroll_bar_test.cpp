@@ -112,8 +112,7 @@ protected:
     }
     LRESULT Record(UINT message, WPARAM wParam)
     {
-        const int bar = message == WM_VSCROLL ? SB_VERT : SB_HORZ;
-        requests.push_back({message, LOWORD(wParam), ThumbPosition(m_hWnd, bar, static_cast<short>(HIWORD(wParam)))});
+        requests.push_back({message, LOWORD(wParam), ScrollRequestPosition(m_hWnd, message, wParam)});
         return 0;
     }
 };
@@ -264,7 +263,7 @@ TEST_F(ScrollBars, DraggingTheThumbTracksFullPositionsAndEndsOnRelease)
     Input::Wait();
     Input::MouseDown(&wnd, grip);
     Input::MouseDown(&wnd, CPoint(5, 5));
-    EXPECT_EQ(ThumbPosition(wnd, SB_VERT, 7), 7);
+    EXPECT_EQ(ScrollRequestPosition(wnd, WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 7)), 7);
     Input::MouseUp(&wnd, CPoint(5, 5));
     Input::Wait();
     Input::Click(&wnd, CPoint(5, 5));
