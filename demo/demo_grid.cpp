@@ -10,15 +10,18 @@ namespace {
 
 // What the demo keeps in a row's record.
 enum RecordWord { kValue, kBytes, kElements };
+struct DemoRecord {
+    std::uint32_t words[3];
+};
 // Display formats, as the format list orders them.
 enum Format : std::uint32_t { kBin, kDec, kHex };
 // Columns.
 enum Column { kNameColumn, kValueColumn, kFormatColumn };
 
-GridRowRecord& RecordOf(CGridRow& row)
+DemoRecord& RecordOf(CGridRow& row)
 {
     if (!row.record) row.record = new GridRowRecord{};
-    return *row.record;
+    return *row.record->As<DemoRecord>();
 }
 
 std::string FormatValue(std::uint32_t value, int bytes, std::uint32_t format)
@@ -42,7 +45,7 @@ std::string FormatValue(std::uint32_t value, int bytes, std::uint32_t format)
 // Shows the record's value in the value column, in the row's format.
 void ShowValue(CGridRow& row)
 {
-    const GridRowRecord& record = RecordOf(row);
+    const DemoRecord& record = RecordOf(row);
     std::string text;
     if (record.words[kElements]) {
         text = "[" + std::to_string(record.words[kElements]) + "]";
@@ -63,7 +66,7 @@ CGridRow* MakeRow(const char* utf8Name, int level, std::uint32_t value, int byte
     row->level = static_cast<std::uint32_t>(level);
     row->flags = flags;
     row->format = format;
-    GridRowRecord& record = RecordOf(*row);
+    DemoRecord& record = RecordOf(*row);
     record.words[kValue] = value;
     record.words[kBytes] = static_cast<std::uint32_t>(bytes);
     if (level == 0) row->SetCellTextEdit(kNameColumn, TRUE, -1);
@@ -149,7 +152,7 @@ void DemoGrid::CommitEdit()
     if (GetCurrentColumn() == kNameColumn) {
         row->text = text;
     } else {
-        GridRowRecord& record = RecordOf(*row);
+        DemoRecord& record = RecordOf(*row);
         const int bits = static_cast<int>(record.words[kBytes]) * 8;
         const std::uint32_t mask = bits >= 32 ? 0xFFFFFFFFu : (1u << bits) - 1;
         record.words[kValue] = static_cast<std::uint32_t>(std::strtoul(text, nullptr, 16)) & mask;

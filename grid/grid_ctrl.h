@@ -27,6 +27,9 @@ constexpr UINT ID_GRID_SHOW_IN_MEMORY = 32994;
 constexpr UINT HDN_ITEMCHANGINGA = static_cast<UINT>(-300);
 constexpr UINT HDN_ITEMCHANGINGW = static_cast<UINT>(-320);
 
+// The record a watch row carries; the grid passes it through without reading it.
+struct WatchRecord;
+
 class AFX_EXT_CLASS CGridCtrl : public CBCGPListCtrl {
     DECLARE_DYNCREATE(CGridCtrl)
 
@@ -52,7 +55,7 @@ class AFX_EXT_CLASS CGridCtrl : public CBCGPListCtrl {
     virtual void MoveRowDown() {}
     virtual void DeleteSelectedRow() {}
     virtual void InsertNewRow() {}
-    virtual void RefreshRow(CGridRow* /*row*/, int* /*displayIndex*/, GridRowRecord* /*previousRecord*/) {}
+    virtual void RefreshRow(CGridRow* /*row*/, int* /*displayIndex*/, const WatchRecord* /*previousRecord*/) {}
     virtual void UpdateRow(CGridRow* /*row*/, BOOL /*bRefresh*/) {}
     virtual CGridRow* FindRowAt(int /*displayIndex*/, CGridRowArray* /*rows*/, int* /*counter*/) { return nullptr; }
 
@@ -78,6 +81,12 @@ class AFX_EXT_CLASS CGridCtrl : public CBCGPListCtrl {
     void SetGridLines(BOOL bOn) { m_gridLines = bOn; }
 
     int GetCurrentColumn() const { return m_currentColumn; }
+    // Moves the cell cursor to another column and repaints the selected line.
+    void SetCurrentColumn(int nCol);
+    // Whether Ctrl was down when the last message was pre-translated; a
+    // derived grid may set it when it reads the key state itself.
+    BOOL IsCtrlHeld() const { return m_ctrlHeld; }
+    void SetCtrlHeld(BOOL bHeld) { m_ctrlHeld = bHeld; }
     CGridRowArray& Rows() { return m_rows; }
     CFont* GetGridFont() { return &m_font; }
     CGridEdit& EditBox() { return m_edit; }

@@ -72,16 +72,10 @@ void CGridCtrl::OnKeyDown(UINT nChar, UINT, UINT)
         ToggleEdit();
         break;
     case VK_LEFT:
-        if (m_currentColumn > 0 && selected != -1) {
-            --m_currentColumn;
-            InvalidateItem(selected);
-        }
+        if (m_currentColumn > 0 && selected != -1) SetCurrentColumn(m_currentColumn - 1);
         break;
     case VK_RIGHT:
-        if (selected != -1 && m_currentColumn + 1 < ColumnCount()) {
-            ++m_currentColumn;
-            InvalidateItem(selected);
-        }
+        if (selected != -1 && m_currentColumn + 1 < ColumnCount()) SetCurrentColumn(m_currentColumn + 1);
         break;
     case VK_INSERT:
         InsertNewRow();
@@ -151,8 +145,7 @@ void CGridCtrl::OnLButtonDown(UINT, CPoint point)
     const int column = HitTestColumn(point);
     const int selected = GetSelectedItem();
     if (column != m_currentColumn && column >= 0) {
-        m_currentColumn = column;
-        InvalidateItem(selected);
+        SetCurrentColumn(column);
     } else if (selected != -1 && HitTest(point) == selected && !InExpandZone(selected, point)) {
         // A further click on the current cell edits it; the list does not see it.
         StartEdit(TRUE);
@@ -169,10 +162,14 @@ void CGridCtrl::OnRButtonDown(UINT, CPoint point)
     if (GetFocus() != this) SetFocus();
     Default();
     const int column = HitTestColumn(point);
-    if (column != m_currentColumn && column >= 0) {
-        m_currentColumn = column;
-        InvalidateItem(GetSelectedItem());
-    }
+    if (column != m_currentColumn && column >= 0) SetCurrentColumn(column);
+}
+
+void CGridCtrl::SetCurrentColumn(int nCol)
+{
+    if (nCol == m_currentColumn) return;
+    m_currentColumn = nCol;
+    InvalidateItem(GetSelectedItem());
 }
 
 void CGridCtrl::OnLButtonDblClk(UINT, CPoint)

@@ -4,7 +4,10 @@
 // when it is expanded, its children, recursively.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <new>
+#include <type_traits>
 
 #include "platform/text/cstring.h"
 #include "platform/text/ptr_array.h"
@@ -37,11 +40,38 @@ struct GridCell {
     char text[kGridCellTextBytes];
 };
 
-// The derived grid's data for a row: 21 words, copied with the row and freed with it.
+// The derived grid's data for a row: 84 bytes, aligned for 32-bit fields,
+// copied and freed as bytes, so the grid never needs to know their type. The
+// derived grid views them as its own record through As<T>(); the byte array
+// gives that record a lifetime of its own, so the view aliases nothing.
+constexpr std::size_t kGridRowRecordBytes = 84;
+
 struct GridRowRecord {
-    std::uint32_t words[21];
+    alignas(std::uint32_t) std::byte bytes[kGridRowRecordBytes]{};
+
+    template <class T>
+    T* As() noexcept
+    {
+        CheckViewable<T>();
+        return std::launder(reinterpret_cast<T*>(bytes));
+    }
+    template <class T>
+    const T* As() const noexcept
+    {
+        CheckViewable<T>();
+        return std::launder(reinterpret_cast<const T*>(bytes));
+    }
+
+private:
+    template <class T>
+    static constexpr void CheckViewable()
+    {
+        static_assert(std::is_trivially_copyable_v<T>, "a row record is copied as bytes");
+        static_assert(sizeof(T) <= kGridRowRecordBytes, "a row record holds 84 bytes");
+        static_assert(alignof(T) <= alignof(std::uint32_t), "a row record is aligned for 32-bit fields");
+    }
 };
-static_assert(sizeof(GridRowRecord) == 84, "the row record is the derived grid's 84-byte record");
+static_assert(sizeof(GridRowRecord) == kGridRowRecordBytes, "the row record is the derived grid's 84-byte record");
 
 class CGridRow;
 

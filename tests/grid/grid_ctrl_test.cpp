@@ -120,7 +120,7 @@ TEST_F(GridCtrlTest, AVeryDeepChainIsCountedWalkedCopiedAndFreed)
     }
     deepest->text = "deepest";
     deepest->record = new GridRowRecord{};
-    deepest->record->words[0] = 42;
+    deepest->record->bytes[0] = std::byte{42};
     AddRow("after");
     SyncCount();
     EXPECT_EQ(grid.GetItemCount(), kDepth + 1);
@@ -153,7 +153,7 @@ TEST_F(GridCtrlTest, AVeryDeepChainIsCountedWalkedCopiedAndFreed)
     EXPECT_STREQ(row->text, "deepest");
     ASSERT_NE(row->record, nullptr);
     EXPECT_NE(row->record, deepest->record);
-    EXPECT_EQ(row->record->words[0], 42u);
+    EXPECT_EQ(row->record->bytes[0], std::byte{42});
 
     EXPECT_TRUE(grid.DeleteAllRows());
     EXPECT_EQ(grid.GetItemCount(), 0);

@@ -110,7 +110,7 @@ TEST(GridRow, CopyIsDeepWithOwnRecordAndReparentedChildren)
     source.flags = GRF_PARENT | GRF_EXPANDED;
     source.format = 1;
     source.record = new GridRowRecord{};
-    source.record->words[20] = 77;
+    source.record->bytes[83] = std::byte{77};
     source.SetCellNumberEdit(2, TRUE, 4);
     std::strcpy(source.cells[2].text, "12");
     auto* child = NewRow("child", 2);
@@ -133,7 +133,7 @@ TEST(GridRow, CopyIsDeepWithOwnRecordAndReparentedChildren)
     EXPECT_STREQ(copy.cells[2].text, "12");
     ASSERT_NE(copy.record, nullptr);
     EXPECT_NE(copy.record, source.record);
-    EXPECT_EQ(copy.record->words[20], 77u);
+    EXPECT_EQ(copy.record->bytes[83], std::byte{77});
     EXPECT_EQ(TextsAndCheckLinks(copy.children), (Texts{"child", "child2"}));
     const CGridRow* copiedChild = copy.children.GetRow(0);
     EXPECT_NE(copiedChild, child);
