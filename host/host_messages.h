@@ -5,6 +5,7 @@
 
 #include "platform/core/messages.h"
 #include "platform/text/path_buffer.h"
+#include "watch/debug_protocol.h"
 
 // View or pane -> main frame: lParam is the address of an AppData pointer the
 // host fills in (or leaves null).
@@ -19,7 +20,7 @@ constexpr UINT UWM_GRID_INPUT = 1326;
 constexpr UINT UWM_GRID_FILL_CHILDREN = 1327;
 constexpr UINT UWM_MSGVIEW_APPEND = 1425;
 constexpr UINT UWM_MSGVIEW_PREPEND = 1430;
-constexpr UINT UWM_DEBUG_REQUEST = 1438;
+// UWM_DEBUG_REQUEST and its records: watch/debug_protocol.h.
 constexpr UINT UWM_WATCH_EXPRESSIONS = 1439;
 constexpr UINT UWM_WATCH_CLEAR = 1440;
 constexpr UINT UWM_EDITOR_KILLFOCUS = 1441;
