@@ -127,3 +127,23 @@ void SetListener(Listener listener)
     ListenerSlot() = std::move(listener);
 }
 }  // namespace OrvProjectMisc
+
+namespace {
+long& ValueDisplayModeSetting()
+{
+    static long mode = 0;
+    return mode;
+}
+}  // namespace
+
+long CustomGetValueDisplayMode()
+{
+    return ValueDisplayModeSetting();
+}
+
+namespace OrvProjectMisc {
+void SetValueDisplayMode(long mode)
+{
+    ValueDisplayModeSetting() = mode;
+}
+}  // namespace OrvProjectMisc

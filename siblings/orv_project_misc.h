@@ -1,7 +1,7 @@
 // Stand-in for the sibling module of miscellaneous project routines that the
-// panes call: relative paths, the stop and refresh keys, the panes' font. The
-// stop and refresh routines report to a listener so that a host (or a test)
-// can see them happen.
+// panes call: relative paths, the stop and refresh keys, the panes' font and
+// the value display setting. The stop and refresh routines report to a
+// listener so that a host (or a test) can see them happen.
 #pragma once
 
 #include <functional>
@@ -29,7 +29,14 @@ AFX_API void KeyF5RefreshWnd();
 // sets another.
 AFX_API int GetDockFontInfo(char* faceName);
 
+// The user's value display setting: 1 shows every value in decimal, 2 every
+// value in hexadecimal, anything else lets the type choose. 0 until a host
+// sets another.
+AFX_API long CustomGetValueDisplayMode();
+
 namespace OrvProjectMisc {
+// Sets what CustomGetValueDisplayMode answers (the host's display setting).
+AFX_API void SetValueDisplayMode(long mode);
 // Sets what GetDockFontInfo answers (the host's font setting).
 AFX_API void SetDockFont(const char* faceName, int points);
 // Called with the routine's name and argument on every CleanTerminate and

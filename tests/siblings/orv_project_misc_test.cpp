@@ -1,4 +1,5 @@
-// The sibling routines the views rely on: relative paths and the stop and refresh keys.
+// The sibling routines the views rely on: relative paths, the stop and refresh keys and the
+// value display setting.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -66,6 +67,16 @@ TEST(SiblingKeys, StopAndRefreshReachTheListener)
     OrvProjectMisc::SetListener({});
     CleanTerminate(2);
     EXPECT_EQ(log, "CleanTerminate(1);KeyF5RefreshWnd(0);");
+}
+
+TEST(ValueDisplayMode, IsZeroUntilTheHostSetsIt)
+{
+    EXPECT_EQ(CustomGetValueDisplayMode(), 0);
+    OrvProjectMisc::SetValueDisplayMode(2);
+    EXPECT_EQ(CustomGetValueDisplayMode(), 2);
+    OrvProjectMisc::SetValueDisplayMode(-7);
+    EXPECT_EQ(CustomGetValueDisplayMode(), -7);
+    OrvProjectMisc::SetValueDisplayMode(0);
 }
 
 }  // namespace
