@@ -2,6 +2,9 @@
 
 #include <cstring>
 
+#include "platform/text/field_text.h"
+#include "platform/text/gbk.h"
+
 WatchRecord* RecordOf(CGridRow* row)
 {
     if (!row) return nullptr;
@@ -39,6 +42,12 @@ bool IsValueRow(const CGridRow* row)
 
 CString RecordName(const WatchRecord& record)
 {
-    const std::size_t length = strnlen(record.name, sizeof record.name);
-    return CString(record.name, static_cast<int>(length));
+    const std::string_view name = FieldText(record.name);
+    return CString(name.data(), static_cast<int>(name.size()));
+}
+
+void SetCellText(CGridRow* row, int column, const char* text)
+{
+    GridCell* cell = row ? row->Cell(column) : nullptr;
+    if (cell) CopyGbkText(text ? text : "", cell->text, sizeof cell->text);
 }

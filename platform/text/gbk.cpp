@@ -61,7 +61,7 @@ size_t CopyGbkText(std::string_view text, char* buffer, size_t size)
 {
     if (!buffer || size == 0) return 0;
     const size_t used = GbkPrefixBytes(text, size - 1);
-    std::memcpy(buffer, text.data(), used);
+    if (used > 0) std::memcpy(buffer, text.data(), used);  // an empty view may have no data at all
     buffer[used] = '\0';
     return used;
 }

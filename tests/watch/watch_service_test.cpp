@@ -1,0 +1,216 @@
+// What the watch asks the debugger service, in what order and with what, and
+// how the answers become rows: value writes, members, elements, refreshes.
+#include <cstring>
+
+#include "siblings/orv_project_misc.h"
+#include "tests/watch/watch_fixture.h"
+
+namespace {
+
+using Codes = std::vector<unsigned>;
+constexpr unsigned kEval = ScriptedDebugger::kEvaluate;
+
+class WatchServiceTest : public WatchFixture {
+protected:
+    void Add(const std::string& gbk) { grid.SendMessage(UWM_WATCH_ADD_EXPRESSION, reinterpret_cast<WPARAM>(gbk.c_str()), 0); }
+};
+
+TEST_F(WatchServiceTest, AWrittenValueIsReadBackAndMarkedChanged)
+{
+    service.Define("t", MakeRecord(WT_FLOAT, WS_XDATA, 0x200, 4, 0x3F800000));
+    Add("t");
+    ASSERT_EQ(grid.GetRowAt(0)->format, WF_DECIMAL);
+    service.ClearRequests();
+
+    // A whole number typed for a float in decimal is that number as a float.
+    EditCell(0, 1, "3");
+    EXPECT_EQ(service.Codes(), (Codes{DRQ_WRITE_VALUE, DRQ_READ_VALUE}));
+    EXPECT_EQ(service.requests[0].sent.value, 0x40400000u);
+    EXPECT_EQ(Cell(0, 1), "3.000000");
+    EXPECT_TRUE(grid.GetRowAt(0)->changed);
+
+    // Hexadecimal notation is passed on unchanged.
+    service.ClearRequests();
+    EditCell(0, 1, "40A00000h");
+    ASSERT_EQ(service.Codes(), (Codes{DRQ_WRITE_VALUE, DRQ_READ_VALUE}));
+    EXPECT_EQ(service.requests[0].sent.value, 0x40A00000u);
+
+    // The same text, or a text that is no constant, writes nothing.
+    service.ClearRequests();
+    EditCell(0, 1, "5.000000");
+    EditCell(0, 1, "five");
+    EXPECT_TRUE(service.requests.empty());
+    EXPECT_EQ(Cell(0, 1), "5.000000");
+}
+
+TEST_F(WatchServiceTest, TheTargetDecidesWhatAWriteLeaves)
+{
+    service.Define("c", MakeRecord(3, WS_DATA, 0x30, 1, 0x10));
+    service.Poke(WS_DATA, 0x30, 0x10);
+    Add("c");
+    ASSERT_EQ(grid.GetRowAt(0)->format, WF_HEXADECIMAL);
+    // The service keeps one byte: 0x1FF reads back as FF.
+    EditCell(0, 1, "1FF");
+    EXPECT_EQ(service.Peek(WS_DATA, 0x30), 0xFFu);
+    EXPECT_EQ(Cell(0, 1), "FF");
+    EXPECT_TRUE(grid.GetRowAt(0)->changed);
+    // Writing what is already there leaves the row unchanged.
+    EditCell(0, 1, "0FF");
+    EXPECT_FALSE(grid.GetRowAt(0)->changed);
+}
+
+TEST_F(WatchServiceTest, ExpandingAStructureAsksForEachMemberInTurn)
+{
+    WatchRecord cfg = MakeRecord(32, WS_XDATA, 0x100, 4);
+    cfg.typeRef = 9;
+    cfg.count = 3;
+    service.Define("cfg", cfg);
+    WatchRecord red = MakeRecord(3, WS_XDATA, 0x100, 1, 5);
+    std::strcpy(red.name, "red");
+    WatchRecord green = MakeRecord(3, WS_XDATA, 0x101, 1, 6);
+    std::strcpy(green.name, "green");
+    WatchRecord inner = MakeRecord(32, WS_XDATA, 0x102, 2);
+    inner.typeRef = 10;
+    // A name that fills its field without a terminator stops at the field.
+    std::memset(inner.name, 'n', sizeof inner.name);
+    service.DefineMembers(9, {red, green, inner});
+    service.DefineMembers(10, {MakeRecord(WT_INT, WS_XDATA, 0x102, 2, 7)});
+    Add("cfg");
+    service.ClearRequests();
+
+    grid.ToggleExpand(0);
+    EXPECT_EQ(service.Codes(), (Codes{DRQ_GET_COUNT, DRQ_GET_MEMBER, DRQ_GET_COUNT, DRQ_GET_MEMBER, DRQ_GET_COUNT,
+                                      DRQ_GET_MEMBER, DRQ_GET_COUNT}));
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(service.requests[1 + 2 * i].sent.count, i);
+    EXPECT_EQ(Lines(), (Texts{"cfg", "red", "green", std::string(35, 'n'), Prompt()}));
+    EXPECT_EQ(Cell(1, 1), "05");
+    const CGridRow* nested = grid.GetRowAt(3);
+    EXPECT_EQ(nested->flags & (GRF_SUBPARENT | GRF_COLLAPSED), GRF_SUBPARENT | GRF_COLLAPSED);
+    EXPECT_EQ(nested->cells[0].kind, 0u);
+    EXPECT_EQ(nested->level, 1u);
+
+    // A second expansion makes nothing anew: it re-reads the value rows.
+    grid.ToggleExpand(0);
+    service.ClearRequests();
+    grid.ToggleExpand(0);
+    EXPECT_EQ(service.Codes(), (Codes{DRQ_READ_VALUE, DRQ_READ_VALUE}));
+}
+
+TEST_F(WatchServiceTest, ElementsComeAsBytesMostSignificantFirst)
+{
+    WatchRecord timings = MakeRecord(WT_ARRAY, WS_XDATA, 0x300, 24);
+    timings.count = 12;
+    service.Define("timings", timings);
+    ScriptedDebugger::Elements elements;
+    elements.elementTemplate = MakeRecord(WT_INT, WS_XDATA, 0x300, 2);
+    for (int i = 0; i < 12; ++i) {
+        elements.data.push_back(static_cast<std::uint8_t>(i));
+        elements.data.push_back(static_cast<std::uint8_t>(0x10 + i));
+        elements.valid.push_back(1);
+        elements.valid.push_back(i == 7 ? 0 : 1);
+    }
+    service.DefineElements(WS_XDATA, 0x300, elements);
+    Add("timings");
+    service.ClearRequests();
+
+    grid.ToggleExpand(0);
+    EXPECT_EQ(service.Codes(), (Codes{DRQ_GET_COUNT, DRQ_GET_ELEMENTS}));
+    ASSERT_EQ(grid.GetItemCount(), 14);
+    EXPECT_EQ(Lines()[1], "[00]");
+    EXPECT_EQ(Lines()[12], "[11]");
+    const WatchRecord* first = RecordOf(grid.GetRowAt(2));
+    EXPECT_EQ(first->address, 0x302u);
+    EXPECT_EQ(first->value, 0x0111u);
+    EXPECT_EQ(RecordOf(grid.GetRowAt(12))->address, 0x300u + 22);
+    // A byte the service could not read makes the element unavailable.
+    EXPECT_EQ(Cell(8, 1), "????");
+    EXPECT_EQ(Cell(9, 1), std::to_string(0x0818));
+}
+
+TEST_F(WatchServiceTest, ARefreshMarksChangesAndRebuildsRowsThatNameAnotherObject)
+{
+    service.Define("x", MakeRecord(WT_INT, WS_DATA, 0x30, 2, 1));
+    WatchRecord p = MakeRecord(32, WS_XDATA, 0x100, 2);
+    p.typeRef = 4;
+    p.count = 1;
+    service.Define("p", p);
+    service.DefineMembers(4, {MakeRecord(WT_INT, WS_XDATA, 0x100, 2, 3)});
+    Add("x");
+    Add("p");
+    grid.ToggleExpand(1);
+    ASSERT_EQ(grid.GetItemCount(), 4);
+
+    service.Poke(WS_DATA, 0x30, 2);
+    service.Poke(WS_XDATA, 0x100, 9);
+    service.ClearRequests();
+    grid.SendMessage(UWM_WATCH_REFRESH, 0, 0);
+    EXPECT_EQ(service.Codes(), (Codes{kEval, kEval, DRQ_READ_VALUE}));
+    EXPECT_TRUE(grid.GetRowAt(0)->changed);
+    EXPECT_EQ(Cell(0, 1), "2");
+    EXPECT_TRUE(grid.GetRowAt(2)->changed);
+    EXPECT_EQ(Cell(2, 1), "9");
+
+    // p now names another object: collapsed, children gone, format back to default.
+    p.address = 0x180;
+    service.Define("p", p);
+    grid.GetRowAt(1)->format = WF_BINARY;
+    grid.SendMessage(UWM_WATCH_REFRESH, 0, 0);
+    EXPECT_EQ(Lines(), (Texts{"x", "p", Prompt()}));
+    EXPECT_EQ(grid.GetRowAt(1)->children.GetSize(), 0);
+    EXPECT_EQ(grid.GetRowAt(1)->format, WF_HEXADECIMAL);
+    EXPECT_FALSE(grid.GetRowAt(0)->changed);
+}
+
+TEST_F(WatchServiceTest, AFixedListMirrorsTheServicesListKeepingRowsThatStay)
+{
+    auto entry = [](const char* name, std::uint16_t address) {
+        WatchListEntry e{};
+        std::memcpy(e.name, name, std::strlen(name));
+        e.space = WS_DATA;
+        e.address = address;
+        e.type = 3;
+        e.size = 1;
+        e.typeRef = kNoTypeRef;
+        return e;
+    };
+    grid.SendMessage(UWM_WATCH_CLEAR, 0, 0);
+    grid.fixedRows = TRUE;
+    service.list = {entry("a", 0x30), entry("b", 0x31)};
+    grid.SendMessage(UWM_WATCH_REFRESH, 0, 0);
+    ASSERT_EQ(Lines(), (Texts{"a", "b"}));
+    EXPECT_EQ(RecordOf(grid.GetRowAt(0))->status, kListEntryStatus);
+    grid.GetRowAt(1)->format = WF_BINARY;
+
+    service.list = {entry("b", 0x31), entry("c", 0x32)};
+    grid.SendMessage(UWM_WATCH_REFRESH, 0, 0);
+    EXPECT_EQ(Lines(), (Texts{"b", "c"}));
+    EXPECT_EQ(grid.GetRowAt(0)->format, WF_BINARY);
+    EXPECT_EQ(grid.GetRowAt(1)->format, WF_HEXADECIMAL);
+
+    // A name of all 32 bytes: no terminator in the entry, three zero bytes after it.
+    WatchListEntry full = entry("", 0x33);
+    std::memset(full.name, 'z', sizeof full.name);
+    service.list = {full};
+    grid.SendMessage(UWM_WATCH_REFRESH, 0, 0);
+    EXPECT_EQ(Lines(), (Texts{std::string(32, 'z')}));
+}
+
+TEST_F(WatchServiceTest, TheQuickViewAnswersTheHostAndNeverOverrunsItsBuffer)
+{
+    WatchRecord record = MakeRecord(WT_CHAR, WS_DATA, 0x30, 1, 65);
+    char buffer[86 + 8];
+    std::memset(buffer, 0x5A, sizeof buffer);
+    buffer[0] = 1;
+    EXPECT_EQ(grid.SendMessage(UWM_WATCH_FORMAT_VALUE, reinterpret_cast<WPARAM>(buffer), reinterpret_cast<LPARAM>(&record)), 1);
+    EXPECT_STREQ(buffer, "65,41H,01000001B(data:0030)");
+
+    std::memset(&record, 0xFF, sizeof record);
+    std::memset(buffer, 0x5A, sizeof buffer);
+    buffer[0] = 1;
+    grid.SendMessage(UWM_WATCH_FORMAT_VALUE, reinterpret_cast<WPARAM>(buffer), reinterpret_cast<LPARAM>(&record));
+    EXPECT_STREQ(buffer, "????,0????H");
+    for (std::size_t i = 86; i < sizeof buffer; ++i) EXPECT_EQ(buffer[i], 0x5A) << i;
+    EXPECT_EQ(grid.SendMessage(UWM_WATCH_FORMAT_VALUE, 0, 0), 1);
+}
+
+}  // namespace

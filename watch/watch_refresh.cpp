@@ -1,0 +1,129 @@
+// Refreshing the watch after the target ran: every expression evaluated anew,
+// or, for a fixed list, the service's own list mirrored.
+#include <algorithm>
+#include <vector>
+
+#include "watch/debug_service.h"
+#include "watch/watch_format.h"
+#include "watch/watch_grid_ctrl.h"
+
+namespace {
+
+// The service's list is a list of target objects: cut at what a 64 KiB memory
+// space could hold, so a hostile size allocates nothing huge.
+constexpr std::int32_t kMaxListEntries = 65536;
+
+bool SameObject(const WatchRecord& a, const WatchRecord& b)
+{
+    return a.address == b.address && a.space == b.space && a.typeRef == b.typeRef && a.type == b.type;
+}
+
+}  // namespace
+
+void CWatchGridCtrl::RefreshAll()
+{
+    if (fixedRows) {
+        RefreshList();
+        return;
+    }
+    CGridRowArray& rows = Rows();
+    int anchorIndex = 0;
+    if (GetSelectedItem() != -1 && !FindRowAt(GetSelectedItem(), &rows, &anchorIndex)) anchorIndex = 0;
+    CGridRow* anchor = rows.GetRow(anchorIndex);
+
+    int line = 0;
+    for (int i = 0; i + 1 < rows.GetSize(); ++i) {
+        CGridRow* row = rows.GetRow(i);
+        const WatchRecord previous = *RecordOf(row);
+        EvaluateRow(row);
+        RefreshRow(row, &line, &previous);
+        line += 1;
+    }
+    if (anchor && !(anchor->flags & GRF_EXPANDED)) SelectItem(LineOfRow(anchor));
+    RepaintNow();
+}
+
+void CWatchGridCtrl::RefreshRow(CGridRow* row, int* displayIndex, const WatchRecord* previous)
+{
+    WatchRecord* record = RecordOf(row);
+    if (!record || !displayIndex || !previous) return;
+    const int shown = row->IsExpanded() ? CountVisibleRows(row->children) : 0;
+    if (SameObject(*record, *previous)) {
+        if (IsValueRow(row)) row->changed = record->value != previous->value;
+        FormatRow(row, FALSE);
+        if (shown != 0) {
+            for (int i = 0; i < row->children.GetSize(); ++i) UpdateRow(row->children.GetRow(i), TRUE);
+        }
+        *displayIndex += shown;
+        return;
+    }
+    // Another object: its children described the old one.
+    CollapseRow(row, *displayIndex);
+    InitRowCells(row);
+    FormatRow(row, TRUE);
+}
+
+void CWatchGridCtrl::LoadListEntry(const WatchListEntry* entries, int i, WatchRecord* record)
+{
+    const WatchListEntry& entry = entries[i];
+    *record = WatchRecord{};
+    record->status = kListEntryStatus;
+    std::copy(std::begin(entry.name), std::end(entry.name), record->name);
+    record->space = entry.space;
+    record->serviceData2 = entry.serviceData2;
+    record->address = entry.address;
+    record->type = entry.type;
+    record->typeRef = entry.typeRef;
+    record->size = entry.size;
+    record->serviceData1 = entry.serviceData1;
+    record->arrayFlag = entry.arrayFlag;
+    DebugService::Request(DRQ_READ_VALUE, record);
+    DebugService::Request(DRQ_GET_COUNT, record);
+}
+
+int CWatchGridCtrl::FindTopRowByName(const char* name)
+{
+    CGridRowArray& rows = Rows();
+    for (int i = 0; i < rows.GetSize(); ++i) {
+        if (rows.GetRow(i)->text == name) return i;
+    }
+    return -1;
+}
+
+void CWatchGridCtrl::RefreshList()
+{
+    std::int32_t n = 0;
+    DebugService::Request(DRQ_GET_LIST_SIZE, &n);
+    n = std::clamp(n, 0, kMaxListEntries);
+    std::vector<WatchListEntry> entries(static_cast<std::size_t>(n));
+    DebugService::Request(DRQ_GET_LIST, entries.data());
+
+    CGridRowArray& rows = Rows();
+    int line = 0;
+    for (int i = 0; i < n; ++i) {
+        WatchRecord record;
+        LoadListEntry(entries.data(), i, &record);
+        const CString name = RecordName(record);
+        const int pos = FindTopRowByName(name);
+        if (pos == -1) {
+            CGridRow* row = MakeWatchRow(name);
+            *RecordOf(row) = record;
+            rows.InsertRow(i, row);
+            InitRowCells(row);
+            FormatRow(row, FALSE);
+        } else {
+            CGridRow* row = rows.GetRow(pos);
+            const WatchRecord previous = *RecordOf(row);
+            *RecordOf(row) = record;
+            RefreshRow(row, &line, &previous);
+            rows.RemoveRow(pos);
+            // A name the list repeats finds a row already placed above i.
+            rows.InsertRow(std::min(i, rows.GetSize()), row);
+        }
+        line += 1;
+    }
+    SetItemCountEx(line, 0);
+    // What is left after the list's rows names nothing the service still lists.
+    rows.DeleteRows(n, rows.GetSize() - n);
+    RepaintNow();
+}
