@@ -53,7 +53,7 @@ struct DropTargetRegistry {
 
 COleDropTarget::~COleDropTarget()
 {
-    Revoke();
+    COleDropTarget::Revoke();  // a derived class's part is gone already
 }
 
 BOOL COleDropTarget::Register(CWnd* pWnd)

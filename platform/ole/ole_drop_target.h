@@ -26,7 +26,7 @@ class AFX_EXT_CLASS COleDropTarget : public CCmdTarget {
     // (which is then registered nowhere). A window's registration goes away
     // with the window. FALSE for a null or destroyed window.
     BOOL Register(CWnd* pWnd);
-    void Revoke();
+    virtual void Revoke();
 
     // The drag enters the window: the effect a drop here would have.
     virtual DROPEFFECT OnDragEnter(CWnd* pWnd, COleDataObject* pDataObject, DWORD dwKeyState, CPoint point);
