@@ -4,6 +4,7 @@
 #include "platform/core/modal_loop.h"
 #include "platform/core/paint.h"
 #include "platform/core/thread.h"
+#include "platform/input/screen_input.h"
 
 namespace Input {
 namespace {
@@ -24,7 +25,7 @@ DWORD Tick()
     return g_clock;
 }
 
-void PressModifiers(unsigned modifiers, bool down);
+using Screen::PressModifiers;
 
 // The character a key types, as the platform's translation gives it; 0 for none.
 int CharacterOf(UINT key)
@@ -47,11 +48,12 @@ int CharacterOf(UINT key)
     }
 }
 
+// Modifiers held for the event alone, or pressed before it.
 UINT MouseFlags(unsigned modifiers)
 {
     UINT flags = 0;
-    if (modifiers & kShift) flags |= MK_SHIFT;
-    if (modifiers & kControl) flags |= MK_CONTROL;
+    if ((modifiers & kShift) || GetKeyState(static_cast<int>(VK_SHIFT)) < 0) flags |= MK_SHIFT;
+    if ((modifiers & kControl) || GetKeyState(static_cast<int>(VK_CONTROL)) < 0) flags |= MK_CONTROL;
     if (GetKeyState(static_cast<int>(VK_LBUTTON)) < 0) flags |= MK_LBUTTON;
     if (GetKeyState(static_cast<int>(VK_RBUTTON)) < 0) flags |= MK_RBUTTON;
     return flags;
@@ -62,14 +64,20 @@ bool IsInputMessage(UINT message)
     return (message >= WM_MOUSEMOVE && message <= WM_MOUSEWHEEL) || (message >= WM_KEYDOWN && message <= WM_SYSCHAR);
 }
 
+// The screen point of a client point; false for a gone window.
+bool ToScreen(CWnd* window, CPoint clientPoint, POINT* screen)
+{
+    if (!window || !IsWindow(window->GetSafeHwnd())) return false;
+    *screen = clientPoint;
+    window->ClientToScreen(screen);
+    return true;
+}
+
 // Sends a mouse message to the window the platform routes it to: the
 // capture, else the window under the point, as a non-client message when
 // the point is over its frame (a scroll bar).
-void DeliverMouse(UINT message, CWnd* window, CPoint clientPoint, unsigned modifiers)
+void DeliverMouse(UINT message, POINT screen, unsigned modifiers)
 {
-    if (!window || !IsWindow(window->GetSafeHwnd())) return;
-    POINT screen = clientPoint;
-    window->ClientToScreen(&screen);
     SetCursorPos(screen.x, screen.y);
     MSG msg;
     msg.message = message;
@@ -104,7 +112,8 @@ void DeliverMouse(UINT message, CWnd* window, CPoint clientPoint, unsigned modif
 void DeliverKey(UINT message, UINT key)
 {
     const HWND focus = GetFocus();
-    if (!focus) return;
+    // A modal loop of the platform takes keys whether a window has the focus or not.
+    if (!focus && !ModalInput::Active()) return;
     MSG msg;
     msg.hwnd = focus;
     msg.message = message;
@@ -112,6 +121,34 @@ void DeliverKey(UINT message, UINT key)
     msg.lParam = message == WM_KEYUP ? static_cast<LPARAM>(0xC0000001) : 1;
     GetCursorPos(&msg.pt);
     Deliver(msg);
+}
+
+}  // namespace
+
+namespace Screen {
+
+void Button(POINT screen, bool right, bool down, unsigned modifiers)
+{
+    const int key = static_cast<int>(right ? VK_RBUTTON : VK_LBUTTON);
+    UINT message = right ? (down ? WM_RBUTTONDOWN : WM_RBUTTONUP) : (down ? WM_LBUTTONDOWN : WM_LBUTTONUP);
+    if (down && !right) {
+        // A press that follows a click in the same place soon enough pairs with it.
+        const DWORD now = g_clock + kEventSpacing;
+        const HWND target = GetCapture() ? GetCapture() : WindowFromPoint(screen);
+        const bool pairs = g_lastClick.armed && g_lastClick.window == target && g_lastClick.screen.x == screen.x &&
+                           g_lastClick.screen.y == screen.y && now - g_lastClick.time <= kDoubleClickTime;
+        if (pairs) message = WM_LBUTTONDBLCLK;
+        g_lastClick = ClickMemory{target, screen, now, !pairs};
+    } else if (down) {
+        g_lastClick.armed = false;
+    }
+    InputState::SetKeyDown(key, down);
+    DeliverMouse(message, screen, modifiers);
+}
+
+void Move(POINT screen, unsigned modifiers)
+{
+    DeliverMouse(WM_MOUSEMOVE, screen, modifiers);
 }
 
 void PressModifiers(unsigned modifiers, bool down)
@@ -125,25 +162,16 @@ void PressModifiers(unsigned modifiers, bool down)
     }
 }
 
+}  // namespace Screen
+
+namespace {
+
 void Button(CWnd* window, CPoint clientPoint, bool right, bool down, unsigned modifiers)
 {
-    const int key = static_cast<int>(right ? VK_RBUTTON : VK_LBUTTON);
-    UINT message = right ? (down ? WM_RBUTTONDOWN : WM_RBUTTONUP) : (down ? WM_LBUTTONDOWN : WM_LBUTTONUP);
-    POINT screen = clientPoint;
-    if (window) window->ClientToScreen(&screen);
-    if (down && !right) {
-        // A press that follows a click in the same place soon enough pairs with it.
-        const DWORD now = g_clock + kEventSpacing;
-        const HWND target = GetCapture() ? GetCapture() : WindowFromPoint(screen);
-        const bool pairs = g_lastClick.armed && g_lastClick.window == target && g_lastClick.screen.x == screen.x &&
-                           g_lastClick.screen.y == screen.y && now - g_lastClick.time <= kDoubleClickTime;
-        if (pairs) message = WM_LBUTTONDBLCLK;
-        g_lastClick = ClickMemory{target, screen, now, !pairs};
-    } else if (down) {
-        g_lastClick.armed = false;
-    }
-    InputState::SetKeyDown(key, down);
-    DeliverMouse(message, window, clientPoint, modifiers);
+    POINT screen;
+    if (ToScreen(window, clientPoint, &screen)) return Screen::Button(screen, right, down, modifiers);
+    // Nowhere to deliver it, but the button is up or down all the same.
+    InputState::SetKeyDown(static_cast<int>(right ? VK_RBUTTON : VK_LBUTTON), down);
 }
 
 }  // namespace
@@ -151,7 +179,7 @@ void Button(CWnd* window, CPoint clientPoint, bool right, bool down, unsigned mo
 bool Deliver(MSG message)
 {
     message.time = Tick();
-    // A modal loop of the platform (a scroll bar drag) holds the input.
+    // A modal loop of the platform (a scroll bar or OLE drag) holds the input.
     if (IsInputMessage(message.message) && ModalInput::Dispatch(message)) {
         Paint::UpdateAllWindows();
         return true;
@@ -211,7 +239,8 @@ void DoubleClick(CWnd* window, CPoint clientPoint, unsigned modifiers)
 
 void MouseMove(CWnd* window, CPoint clientPoint, unsigned modifiers)
 {
-    DeliverMouse(WM_MOUSEMOVE, window, clientPoint, modifiers);
+    POINT screen;
+    if (ToScreen(window, clientPoint, &screen)) Screen::Move(screen, modifiers);
 }
 
 void Wheel(CWnd* window, CPoint clientPoint, int delta)

@@ -1,20 +1,20 @@
 #include "platform/ole/clipboard.h"
 
-#include <algorithm>
-#include <cstring>
-#include <utility>
-#include <vector>
-
 #include "platform/core/wnd.h"
+#include "platform/ole/format_blocks.h"
+#include "platform/ole/global_text.h"
 
 namespace {
 
 struct Clipboard {
+    // Made first, the block registry outlives the clipboard, which frees its
+    // blocks into it when it goes at exit.
+    size_t blocksAtStart = GlobalMemory::BlockCount();
     bool open = false;
     HWND opener = nullptr;
     HWND owner = nullptr;
     bool ownerless = false;  // opened with no window and emptied since
-    std::vector<std::pair<UINT, HGLOBAL>> data;  // in the order set
+    FormatBlocks data;
 };
 
 Clipboard& State()
@@ -32,12 +32,6 @@ bool IsOpen()
         c.opener = nullptr;
     }
     return c.open;
-}
-
-auto FindFormat(UINT format)
-{
-    auto& data = State().data;
-    return std::find_if(data.begin(), data.end(), [format](const auto& entry) { return entry.first == format; });
 }
 
 }  // namespace
@@ -67,8 +61,7 @@ BOOL EmptyClipboard()
 {
     if (!IsOpen()) return FALSE;
     Clipboard& c = State();
-    for (const auto& entry : c.data) GlobalMemory::FreeHeld(entry.second);
-    c.data.clear();
+    c.data.Empty();
     c.owner = c.opener;
     c.ownerless = c.opener == nullptr;
     return TRUE;
@@ -76,44 +69,28 @@ BOOL EmptyClipboard()
 
 HGLOBAL SetClipboardData(UINT format, HGLOBAL mem)
 {
-    if (!IsOpen() || State().ownerless || format == 0 || !mem) return nullptr;
-    const auto existing = FindFormat(format);
-    if (existing != State().data.end() && existing->second == mem) return mem;
-    if (!GlobalMemory::Hold(mem)) return nullptr;  // already on the clipboard
-    if (existing != State().data.end()) {
-        GlobalMemory::FreeHeld(existing->second);
-        existing->second = mem;
-    } else {
-        State().data.emplace_back(format, mem);
-    }
-    return mem;
+    if (!IsOpen() || State().ownerless) return nullptr;
+    return State().data.Set(format, mem) ? mem : nullptr;
 }
 
 HGLOBAL GetClipboardData(UINT format)
 {
-    if (!IsOpen()) return nullptr;
-    const auto it = FindFormat(format);
-    return it == State().data.end() ? nullptr : it->second;
+    return IsOpen() ? State().data.Find(format) : nullptr;
 }
 
 BOOL IsClipboardFormatAvailable(UINT format)
 {
-    return FindFormat(format) != State().data.end() ? TRUE : FALSE;
+    return State().data.Find(format) ? TRUE : FALSE;
 }
 
 int CountClipboardFormats()
 {
-    return static_cast<int>(State().data.size());
+    return State().data.Count();
 }
 
 UINT EnumClipboardFormats(UINT format)
 {
-    if (!IsOpen()) return 0;
-    const auto& data = State().data;
-    if (format == 0) return data.empty() ? 0 : data.front().first;
-    auto it = FindFormat(format);
-    if (it == data.end() || ++it == data.end()) return 0;
-    return it->first;
+    return IsOpen() ? State().data.FormatAfter(format) : 0;
 }
 
 HWND GetClipboardOwner()
@@ -129,12 +106,8 @@ HWND GetOpenClipboardWindow()
 
 bool SetClipboardText(HWND owner, std::string_view text)
 {
-    HGLOBAL mem = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
+    HGLOBAL mem = GlobalText::Alloc(text);
     if (!mem) return false;
-    auto* bytes = static_cast<char*>(GlobalLock(mem));
-    std::memcpy(bytes, text.data(), text.size());
-    bytes[text.size()] = '\0';
-    GlobalUnlock(mem);
     bool placed = false;
     if (OpenClipboard(owner)) {
         placed = EmptyClipboard() && SetClipboardData(CF_TEXT, mem) != nullptr;
@@ -147,14 +120,7 @@ bool SetClipboardText(HWND owner, std::string_view text)
 bool GetClipboardText(HWND owner, std::string* text)
 {
     if (!OpenClipboard(owner)) return false;
-    bool got = false;
-    if (HGLOBAL mem = GetClipboardData(CF_TEXT)) {
-        if (const auto* bytes = static_cast<const char*>(GlobalLock(mem))) {
-            text->assign(bytes, strnlen(bytes, GlobalSize(mem)));
-            GlobalUnlock(mem);
-            got = true;
-        }
-    }
+    const bool got = GlobalText::Read(GetClipboardData(CF_TEXT), text);
     CloseClipboard();
     return got;
 }

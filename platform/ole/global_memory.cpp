@@ -1,6 +1,7 @@
 #include "platform/ole/global_memory.h"
 
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <new>
 #include <unordered_map>
@@ -118,6 +119,17 @@ bool FreeHeld(HGLOBAL mem)
     if (!block || !block->held) return false;
     Blocks().blocks.erase(Key(mem));
     return true;
+}
+
+HGLOBAL Copy(HGLOBAL mem)
+{
+    const Block* block = Find(mem);
+    if (!block) return nullptr;
+    const size_t size = block->size;
+    HGLOBAL copy = GlobalAlloc(GMEM_MOVEABLE, size);
+    // Allocating may rehash the registry: find the source again.
+    if (copy && size > 0) std::memcpy(Find(copy)->bytes.get(), Find(mem)->bytes.get(), size);
+    return copy;
 }
 
 }  // namespace GlobalMemory

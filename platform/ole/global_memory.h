@@ -44,10 +44,12 @@ namespace GlobalMemory {
 
 // Number of blocks alive (for leak checks in tests).
 AFX_API size_t BlockCount();
-// The clipboard takes blocks over: while held, GlobalFree refuses them and
-// only FreeHeld frees them. False for a bad handle or, when taking, a block
-// already held.
+// The clipboard and data sources take blocks over: while held, GlobalFree
+// refuses them and only FreeHeld frees them. False for a bad handle or, when
+// taking, a block already held.
 AFX_API bool Hold(HGLOBAL mem);
 AFX_API bool FreeHeld(HGLOBAL mem);
+// A new movable block with the same bytes, not held; null for a bad handle.
+AFX_API HGLOBAL Copy(HGLOBAL mem);
 
 }  // namespace GlobalMemory
