@@ -34,5 +34,16 @@ constexpr unsigned ID_MESSAGE_COPY = 32061;
 constexpr unsigned ID_MESSAGE_SEEK = 32062;
 constexpr unsigned ID_MESSAGE_STOP = 32063;
 
+// Commands of the watch menu.
+constexpr unsigned ID_WATCH_DELETE = 32982;
+constexpr unsigned ID_WATCH_CLEAR = 32983;
+constexpr unsigned ID_WATCH_FORMAT_BIN = 32990;
+constexpr unsigned ID_WATCH_FORMAT_DEC = 32991;
+constexpr unsigned ID_WATCH_FORMAT_HEX = 32992;
+constexpr unsigned ID_WATCH_EDIT = 32993;
+constexpr unsigned ID_WATCH_SHOW_IN_MEMORY = 32994;
+constexpr unsigned ID_WATCH_MOVE_DOWN = 32995;
+constexpr unsigned ID_WATCH_MOVE_UP = 32996;
+
 // Strings.
 constexpr unsigned IDS_INPUT_ROW = 32062;

@@ -48,7 +48,7 @@ BOOL CWatchGridCtrl::Create(CWnd* parent)
 
 void CWatchGridCtrl::InitWatch()
 {
-    //DROP m_dropTarget.Register(this);
+    m_dropTarget.Register(this);
     InsertColumns();
     SetGridLines(TRUE);
     DeleteAllRows();

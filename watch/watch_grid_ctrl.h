@@ -6,11 +6,10 @@
 #pragma once
 
 #include "grid/grid_ctrl.h"
+#include "grid/grid_drop_target.h"
 #include "platform/text/ptr_array.h"
 #include "watch/watch_row.h"
 
-class COleDataObject;
-using DROPEFFECT = DWORD;
 
 // The grid window's control id under its pane.
 constexpr UINT kWatchGridId = 1001;
@@ -31,6 +30,8 @@ class AFX_EXT_CLASS CWatchGridCtrl : public CGridCtrl {
     virtual void ShowMenu(CPoint screenPoint);
 
     // Hooks of the grid.
+    void MoveRowUp() override;
+    void MoveRowDown() override;
     void DeleteSelectedRow() override;
     void InsertNewRow() override;
     void RefreshRow(CGridRow* row, int* displayIndex, const WatchRecord* previous) override;
@@ -49,6 +50,10 @@ class AFX_EXT_CLASS CWatchGridCtrl : public CGridCtrl {
     int LineOfTopRow(int index);
     int LineOfRow(const CGridRow* row);
     BOOL DeleteRow(int line);
+    BOOL MoveRow(int from, int to);
+    void CopyRow(int from, int to);
+    void SetAllFormats(int format);
+    void ShowInMemory();
 
     // Exchanges with the debugger service.
     void EvaluateRow(CGridRow* row);
@@ -68,7 +73,20 @@ class AFX_EXT_CLASS CWatchGridCtrl : public CGridCtrl {
     BOOL IsDragging() const { return m_dragging; }
 
 protected:
+    DECLARE_MESSAGE_MAP()
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void OnBeginDrag(NMHDR* pNMHDR, LRESULT* pResult);
+
+    // Menu commands and their update handlers.
+    void OnFormatCommand(UINT id);
+    void OnClear();
+    void OnEdit();
+    void OnUpdateDelete(CCmdUI* pCmdUI);
+    void OnUpdateClear(CCmdUI* pCmdUI);
+    void OnUpdateEdit(CCmdUI* pCmdUI);
+    void OnUpdateShowInMemory(CCmdUI* pCmdUI);
+    void OnUpdateMoveUp(CCmdUI* pCmdUI);
+    void OnUpdateMoveDown(CCmdUI* pCmdUI);
 
 private:
     void InitWatch();
@@ -80,6 +98,7 @@ private:
     void AppendChild(CGridRow* parent, CGridRow* child);
     void RepaintNow();
 
+    CGridDropTarget m_dropTarget;
     int m_dragSourceLine = -1;
     int m_dropLine = -1;
     BOOL m_dragging = FALSE;
