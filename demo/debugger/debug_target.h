@@ -12,8 +12,8 @@ public:
 
     // Copies bytes from a space (a WatchSpace code) starting at address. In
     // the bit space each byte stands for one bit, 0 or 1. False when a byte
-    // lies outside the space or the space has no memory; out is then
-    // unspecified.
+    // lies outside the space or the space has no memory; out then holds
+    // nothing to rely on.
     virtual bool Read(std::uint32_t space, std::uint32_t address, std::span<std::uint8_t> out) = 0;
     // Stores bytes into a space; false, storing nothing, when the space is
     // read-only or a byte lies outside it. A bit takes any non-zero byte as 1.
