@@ -1,0 +1,22 @@
+// Arithmetic on values as an 8051 C compiler does it: char and int promote to
+// the 16-bit int, the wider or unsigned operand decides the type, results
+// wrap at their type's size, and float joins only + - * /.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+struct Number {
+    std::uint32_t type = 0;  // an arithmetic TypeCode (bit to float)
+    std::uint32_t bits = 0;  // the value cut to its type's size; a float's IEEE bits
+};
+
+// The value as a signed or unsigned number of its type, widened.
+std::int64_t IntegerOf(const Number& number);
+
+// Throws EvaluationError: WERR_DIVISION_BY_ZERO, and WERR_NUMERIC_TYPE for an
+// operator its operands' types do not take (a float with %, & or a shift, a
+// negative shift count).
+Number ApplyBinary(std::string_view op, const Number& left, const Number& right);
+// Unary -, + and ~.
+Number ApplyUnary(std::string_view op, const Number& operand);

@@ -1,0 +1,161 @@
+// Expressions that name nothing: each gets status 0 and the message id that
+// says why, and a record that no longer describes an object.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+#include "platform/text/gbk.h"
+#include "tests/demo/patchy_target.h"
+#include "tests/demo/service_driver.h"
+
+namespace {
+
+void ExpectError(std::uint32_t errorId, std::initializer_list<std::string> texts)
+{
+    ServiceDriver driver;
+    for (const std::string& text : texts) {
+        SCOPED_TRACE(text);
+        const WatchRecord record = driver.Evaluate(text);
+        EXPECT_EQ(record.status, 0);
+        EXPECT_EQ(record.errorId, errorId);
+    }
+}
+
+TEST(EvaluateErrors, UnknownNamesAndMembersAreUndefined)
+{
+    ExpectError(WERR_UNDEFINED, {"nosuch", "Phase", "cfg.nosuch", "lights[0].cfg.nosuch", "current->nosuch"});
+}
+
+TEST(EvaluateErrors, BytesNoTokenStartsWithAreIllegal)
+{
+    ExpectError(WERR_ILLEGAL_CHARACTER, {"phase @", "$x", "phase == 1", "phase;", "a`", "phase\x01",
+                                         GBK("变量"), "phase + " + GBK("一")});
+}
+
+TEST(EvaluateErrors, QuotesLeftOpenAreQuoteErrors)
+{
+    ExpectError(WERR_QUOTES, {"'A", "\"abc", "'\\'", "phase + '"});
+}
+
+TEST(EvaluateErrors, CharacterConstantsHoldOneCharacter)
+{
+    ExpectError(WERR_STRING_TOO_LONG, {"'AB'", "'\\n1'", "'" + GBK("变") + "'"});
+    ExpectError(WERR_EXPRESSION_FORMAT, {"''"});
+}
+
+TEST(EvaluateErrors, StringsAndAddressesOfValuesAreWrongExpressions)
+{
+    ExpectError(WERR_WRONG_EXPRESSION, {"\"abc\"", "\"" + GBK("变量") + "\"", "&5", "&(phase + 1)", "&&phase"});
+}
+
+TEST(EvaluateErrors, BracketsThatCloseNothingMissTheirOpening)
+{
+    ExpectError(WERR_MISSING_OPEN, {")", "phase)", "timings[1]]", "(phase]", "[phase)", "phase ) ("});
+}
+
+TEST(EvaluateErrors, BracketsLeftOpenMissTheirClosing)
+{
+    ExpectError(WERR_MISSING_CLOSE, {"(phase", "timings[1", "((1)", "timings[(1)"});
+}
+
+TEST(EvaluateErrors, TextThatIsNoExpressionHasAFormatError)
+{
+    ExpectError(WERR_EXPRESSION_FORMAT, {"", "   ", "phase +", "1 2", "phase phase", "cfg.", "cfg.1", "()", "[1]",
+                                         "timings[]", "* ", "0x", "08", "1e", "12ab", "1.2.3", "(unsigned char)phase",
+                                         "cfg->", "1 + / 2"});
+}
+
+TEST(EvaluateErrors, NestingIsBounded)
+{
+    ServiceDriver driver;
+    const auto nested = [](int depth) { return std::string(depth, '(') + "1" + std::string(depth, ')'); };
+    EXPECT_EQ(driver.Evaluate(nested(60)).status, 1);
+    EXPECT_EQ(driver.ErrorOf(nested(65)), WERR_EXPRESSION_FORMAT);
+    EXPECT_EQ(driver.ErrorOf(std::string(500, '-') + "1"), WERR_EXPRESSION_FORMAT);
+}
+
+TEST(EvaluateErrors, DivisionByZeroIsCaughtForEveryType)
+{
+    ExpectError(WERR_DIVISION_BY_ZERO, {"1 / 0", "5 % 0", "ticks / ticks", "1.0 / 0", "1L % (2 - 2)"});
+}
+
+TEST(EvaluateErrors, OperatorsOnTypesThatDoNotTakeThemAreNumericTypeErrors)
+{
+    ExpectError(WERR_NUMERIC_TYPE, {"phase[0]", "phase.x", "cfg.red_time.x", "cfg + 1", "-cfg", "*phase", "phase->x",
+                                    "cfg->red_time", "timings[1.5]", "1.5 % 2", "1.5 << 1", "~1.5", "1 << -1",
+                                    "cursor * 2", "cursor + cursor", "2 - cursor", "-cursor", "4294967296", "1e39",
+                                    "timings[cfg]"});
+}
+
+TEST(EvaluateErrors, OnlyObjectsOutsideTheBitSpaceHaveAnAddress)
+{
+    ExpectError(WERR_NOT_BIT_ADDRESSABLE, {"&red", "&green"});
+}
+
+TEST(EvaluateErrors, NullPointersAndUnknownSpacesAreInvalidPointers)
+{
+    ExpectError(WERR_INVALID_POINTER, {"*fault", "fault->state", "fault[0]", "fault->cfg.red_time"});
+
+    ServiceDriver driver;
+    WatchRecord label = driver.Evaluate("label");
+    label.value = 0x200810;  // a top byte no space has
+    driver.Request(DRQ_WRITE_VALUE, &label);
+    EXPECT_EQ(driver.ErrorOf("*label"), WERR_INVALID_POINTER);
+}
+
+TEST(EvaluateErrors, IndexesOutsideADeclaredArrayNameNoElement)
+{
+    ExpectError(WERR_READ_FAILED, {"timings[12]", "timings[-1]", "lights[3].state", "name[8]", "lights[1].lamps[3]"});
+}
+
+TEST(EvaluateErrors, ValuesThatCannotBeReadFailOnlyWhereTheValueIsNeeded)
+{
+    ServiceDriver driver(std::make_unique<PatchyTarget>(WS_DATA, 0x30, 0x31));
+    const WatchRecord phase = driver.Evaluate("phase");
+    EXPECT_EQ(phase.status, 1) << "the object is still there";
+    EXPECT_EQ(phase.unavailable, 1u);
+    EXPECT_EQ(driver.ErrorOf("phase + 1"), WERR_READ_FAILED);
+    EXPECT_EQ(driver.ErrorOf("timings[phase]"), WERR_READ_FAILED);
+    EXPECT_EQ(driver.ErrorOf("&phase"), 0u) << "an address needs no value";
+}
+
+TEST(EvaluateErrors, TheFirstProblemInReadingOrderWinsAcrossStages)
+{
+    ServiceDriver driver;
+    EXPECT_EQ(driver.ErrorOf("nosuch @ )"), WERR_ILLEGAL_CHARACTER) << "characters before brackets";
+    EXPECT_EQ(driver.ErrorOf("(nosuch +"), WERR_MISSING_CLOSE) << "brackets before form";
+    EXPECT_EQ(driver.ErrorOf("nosuch +"), WERR_EXPRESSION_FORMAT) << "form before meaning";
+    EXPECT_EQ(driver.ErrorOf("1 / 0 + nosuch"), WERR_DIVISION_BY_ZERO) << "meaning from left to right";
+}
+
+TEST(EvaluateErrors, AFailedRecordDescribesNoObject)
+{
+    ServiceDriver driver;
+    WatchRecord record = driver.Evaluate("cfg");
+    const std::string text = "nosuch";
+    ::SendMessage(driver.service.GetSafeHwnd(), UWM_DEBUG_REQUEST, reinterpret_cast<WPARAM>(text.c_str()),
+                  reinterpret_cast<LPARAM>(&record));
+    EXPECT_EQ(record.status, 0);
+    EXPECT_EQ(record.space, WS_NONE);
+    EXPECT_EQ(record.typeRef, 0u);
+    EXPECT_EQ(record.count, 0);
+    EXPECT_EQ(record.address, 0u);
+}
+
+TEST(EvaluateErrors, LongTextsAreRefusedWithoutReadingPastTheCap)
+{
+    ServiceDriver driver;
+    // 1024 bytes is the longest text taken.
+    EXPECT_EQ(driver.Evaluate(std::string(1023, ' ') + "1").status, 1);
+    EXPECT_EQ(driver.ErrorOf(std::string(1024, ' ') + "1"), WERR_STRING_TOO_LONG);
+    // A text without a terminator in its first 1025 bytes: read no further.
+    std::vector<char> unterminated(1025, 'a');
+    WatchRecord record{};
+    ::SendMessage(driver.service.GetSafeHwnd(), UWM_DEBUG_REQUEST, reinterpret_cast<WPARAM>(unterminated.data()),
+                  reinterpret_cast<LPARAM>(&record));
+    EXPECT_EQ(record.status, 0);
+    EXPECT_EQ(record.errorId, WERR_STRING_TOO_LONG);
+}
+
+}  // namespace
