@@ -12,8 +12,9 @@
 #include <string>
 #include <vector>
 
-#include "demo_grid.h"
 #include "demo_pane.h"
+#include "demo_watch_session.h"
+#include "demo/debugger/simulated_debugger_service.h"
 #include "host/host_messages.h"
 #include "host/host_records.h"
 #include "marks/bookmark_tree_ctrl.h"
@@ -49,9 +50,12 @@ public:
 
     CBookMarkList bookmarks;
     CBreakPointList breakpoints;
+    SimulatedDebuggerService debugger;
     std::ostringstream transcript;
 
     void Note(const std::string& utf8) { transcript << "-- " << utf8 << "\n"; }
+    // The debugger's window becomes the project's debugger service.
+    void AttachDebugger() { m_context.debuggerWindow = debugger.GetSafeHwnd(); }
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
@@ -209,49 +213,6 @@ CPoint LineCentre(CRichEditCtrl& edit, int line)
     return CPoint(at.x + 20, at.y + 6);
 }
 
-// The centre of a line's expand box, at the row's level.
-CPoint ExpandBoxCentre(CGridCtrl& grid, int item)
-{
-    CRect first, line;
-    grid.GetItemRect(0, &first, LVIR_BOUNDS);
-    grid.GetItemRect(item, &line, LVIR_BOUNDS);
-    const int unit = first.Height() / 4 + 4;
-    const CGridRow* row = grid.GetRowAt(item);
-    return CPoint(line.left + unit * (row ? row->Level() : 0) + unit, line.CenterPoint().y);
-}
-
-CPoint CellCentre(CGridCtrl& grid, int item, int column)
-{
-    CRect cell;
-    grid.GetSubItemRect(item, column, LVIR_LABEL, cell);
-    return cell.CenterPoint();
-}
-
-// Expands two levels, edits a value, changes a format and leaves the cell
-// cursor on a value, so the capture shows all the grid draws.
-void PlayGridSession(DemoHost& host, CGridCtrl& grid)
-{
-    host.Note("the user expands 'timer', then 'phases' inside it, by their boxes");
-    Input::Wait();
-    Input::Click(&grid, ExpandBoxCentre(grid, 1));
-    Input::Wait();
-    Input::Click(&grid, ExpandBoxCentre(grid, 4));
-    host.Note("the user clicks the value of 'count', types 1F and presses Enter");
-    Input::Wait();
-    Input::Click(&grid, CellCentre(grid, 0, 1));
-    Input::Type("1F");
-    Input::Key(VK_RETURN);
-    host.Note("the user clicks the format of 'ticks' twice and presses Down in the list");
-    Input::Wait();
-    Input::Click(&grid, CellCentre(grid, 3, 2));
-    Input::Wait();
-    Input::Click(&grid, CellCentre(grid, 3, 2));
-    Input::Key(VK_DOWN);
-    host.Note("the user presses Left and Up: the cell cursor rests on the value of 'reload'");
-    Input::Key(VK_LEFT);
-    Input::Key(VK_UP);
-}
-
 // One pane of the demo frame: a caption, a frame and its view.
 struct Slot {
     DemoPane pane;
@@ -275,7 +236,7 @@ int main(int argc, char** argv)
     int result = 1;
     {
         DemoHost host;
-        host.Create(nullptr, "dockpanes demo", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 760, 700));
+        host.Create(nullptr, "dockpanes demo", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 760, 790));
         app.m_pMainWnd = &host;
         OrvProjectMisc::SetListener([&](std::string_view routine, int argument) {
             host.transcript << "sibling " << routine << "(" << argument << ")\n";
@@ -287,27 +248,31 @@ int main(int argc, char** argv)
         CBreakPointListTreeCtrl breakpointView;
         CFuncListTreeCtrl functionView;
         CMessageEditCtrl messageView;
-        DemoGrid grid;
-        grid.log = [&](const std::string& line) { host.transcript << line << "\n"; };
+        CWatchGridCtrl watch;
+        host.debugger.transcript = [&](const std::string& line) { host.transcript << "debugger: " << line << "\n"; };
+        host.debugger.Create(&host);
+        host.AttachDebugger();
         messageView.SetGotoMode(kGotoSendsMessageViewGoto);
         Slot slots[] = {
             {DemoPane(GBK("书签")), &bookmarkView, CRect(4, 4, 376, 204)},
             {DemoPane(GBK("断点")), &breakpointView, CRect(380, 4, 754, 204)},
             {DemoPane(GBK("函数列表")), &functionView, CRect(4, 208, 256, 464)},
             {DemoPane(GBK("消息")), &messageView, CRect(260, 208, 754, 464)},
-            {DemoPane(GBK("变量")), &grid, CRect(4, 468, 754, 696)},
+            {DemoPane(GBK("观察")), &watch, CRect(4, 468, 754, 756)},
         };
         slots[0].pane.showMenu = [&](CPoint p) { bookmarkView.ShowMenu(p); };
         slots[1].pane.showMenu = [&](CPoint p) { breakpointView.ShowMenu(p); };
         slots[2].pane.showMenu = [&](CPoint p) { functionView.ShowMenu(p); };
         slots[3].pane.showMenu = [&](CPoint p) { messageView.ShowMenu(p); };
+        slots[4].pane.showMenu = [&](CPoint p) { watch.ShowMenu(p); };
+        slots[4].pane.layout = [&](const CRect& r) { watch.Layout(r.left, r.top, r.right, r.bottom); };
         for (Slot& slot : slots) {
             slot.pane.view = slot.view;
             // The panes get their size once docked, after their views exist.
             slot.pane.Create(nullptr, "pane", WS_VISIBLE, CRect(0, 0, 0, 0), &host, 0);
         }
         const bool created = bookmarkView.Create(&slots[0].pane) && breakpointView.Create(&slots[1].pane) &&
-                  functionView.Create(&slots[2].pane) && messageView.Create(&slots[3].pane) && grid.Create(&slots[4].pane);
+                  functionView.Create(&slots[2].pane) && messageView.Create(&slots[3].pane) && watch.Create(&slots[4].pane);
         if (!created) {
             std::fprintf(stderr, "cannot create the views\n");
             return 1;
@@ -320,7 +285,8 @@ int main(int argc, char** argv)
         const std::string mainFile = std::string(kProjectDir) + "main.c";
         functionView.SendMessage(UWM_FUNCLIST_SHOW_FILE, reinterpret_cast<WPARAM>(mainFile.c_str()), reinterpret_cast<LPARAM>(functions.get()));
         SendBuildLog(messageView);
-        grid.FillSampleRows();
+        const auto note = [&](const std::string& utf8) { host.Note(utf8); };
+        RestoreWatchList(watch, note);
 
         host.Note("the user clicks the second bookmark");
         Input::Click(&bookmarkView, LabelCentre(bookmarkView, 1));
@@ -345,7 +311,9 @@ int main(int argc, char** argv)
         host.Note("the user presses F5 in the bookmark view");
         bookmarkView.SetFocus();
         Input::Key(VK_F5);
-        PlayGridSession(host, grid);
+        PlayWatchSession(watch, {note, [&] { host.debugger.Step(); },
+                                 [&] { return GbkToUtf8(host.debugger.MemoryViewShows()); },
+                                 [&](const std::string& line) { host.transcript << line << "\n"; }});
 
         const bool written = Paint::CaptureWindow(host, (out / "panes.png").c_str());
         std::ofstream((out / "transcript.txt").string()) << host.transcript.str();

@@ -11,7 +11,12 @@ END_MESSAGE_MAP()
 
 void DemoPane::OnSize(UINT, int cx, int cy)
 {
-    if (view && view->GetSafeHwnd()) view->MoveWindow(1, kCaptionHeight + 1, cx - 2, cy - kCaptionHeight - 2);
+    if (!view || !view->GetSafeHwnd()) return;
+    if (layout) {
+        layout(CRect(0, kCaptionHeight, cx, cy));
+    } else {
+        view->MoveWindow(1, kCaptionHeight + 1, cx - 2, cy - kCaptionHeight - 2);
+    }
 }
 
 void DemoPane::OnContextMenu(CWnd*, CPoint point)

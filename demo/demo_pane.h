@@ -13,6 +13,10 @@ public:
 
     CWnd* view = nullptr;
     std::function<void(CPoint)> showMenu;
+    // Lays the view out in the client rectangle under the caption, for a view
+    // that sizes itself (the watch); without it the view fills that rectangle
+    // inside a one-pixel frame.
+    std::function<void(const CRect&)> layout;
     static constexpr int kCaptionHeight = 20;
 
 protected:
