@@ -57,7 +57,7 @@ struct Fixture {
         grid.InsertColumn(2, "Format", LVCFMT_LEFT, 60);
         auto* row = new CGridRow;
         row->text = "table";
-        row->flags = GRF_PARENT | GRF_COLLAPSED;
+        row->SetFlags(GRF_PARENT | GRF_COLLAPSED);
         grid.Rows().AddRow(row);
         grid.SetItemCount(1);
         grid.ToggleExpand(0);

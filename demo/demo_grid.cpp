@@ -64,7 +64,7 @@ CGridRow* MakeRow(const char* utf8Name, int level, std::uint32_t value, int byte
     auto* row = new CGridRow;
     row->text = GBK(utf8Name).c_str();
     row->level = static_cast<std::uint32_t>(level);
-    row->flags = flags;
+    row->SetFlags(flags);
     row->format = format;
     DemoRecord& record = RecordOf(*row);
     record.words[kValue] = value;
