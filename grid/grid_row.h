@@ -113,7 +113,7 @@ public:
     // The line of row index, counting the array's first row as line 0;
     // ShownLines() for the size, -1 outside 0..size.
     int LineOfIndex(int index) const;
-    // -1 when the row is not one of this array's.
+    // -1 when the row is not one of this array's. O(1) amortised.
     int IndexOf(const CGridRow* row) const;
 
 private:
@@ -136,9 +136,9 @@ private:
     bool LiesUnder(const CGridRow* row) const;
     // Takes rows index..index + count - 1 out, unlinked from the array, not freed.
     void Detach(int index, int count);
-    // Empties the array without touching its owner's counts; the rows are
-    // appended to freed, each with its own children still held.
-    void Release(std::vector<CGridRow*>& freed);
+    // Empties the array without touching its owner's counts; the rows, held
+    // by none, are appended to rows, each with its own children still held.
+    void Release(std::vector<CGridRow*>& rows);
     // After a change of the rows or their counts: the owner's lines change
     // when it shows its children before or after.
     void OwnerChanged(bool ownerShowed);

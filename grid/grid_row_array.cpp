@@ -86,13 +86,13 @@ void CGridRowArray::DeleteRows(int index, int count)
     for (CGridRow* row : rows) delete row;
 }
 
-void CGridRowArray::Release(std::vector<CGridRow*>& freed)
+void CGridRowArray::Release(std::vector<CGridRow*>& rows)
 {
     for (int i = 0; i < GetSize(); ++i) {
         CGridRow* row = GetRow(i);
         row->m_container = nullptr;
         row->m_stale = false;
-        freed.push_back(row);
+        rows.push_back(row);
     }
     RemoveAll();
     m_lines.Clear();

@@ -226,8 +226,9 @@ TEST(GridRowLines, RandomTreesAnswerAsTheWalkAfterEveryChange)
     for (const unsigned seed : {1u, 2u, 3u, 17u, 4242u, 90001u}) {
         RandomTree tree(seed);
         for (int step = 0; step < 600; ++step) {
-            // Several changes between checks, so that marks pile up before a query.
-            for (int n = 1 + step % 3; n > 0; --n) tree.Change();
+            // Several changes between checks, now and then many, so that rows
+            // are changed again, moved and freed while their counts are out of date.
+            for (int n = step % 5 == 4 ? 20 : 1 + step % 3; n > 0; --n) tree.Change();
             const std::string difference = FirstDifference(tree.top);
             ASSERT_EQ(difference, "") << "seed " << seed << ", step " << step;
         }
