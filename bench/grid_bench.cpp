@@ -45,11 +45,12 @@ protected:
     }
 };
 
-struct Fixture {
+// A grid of three columns in a frame, without rows.
+struct GridWindow {
     CFrameWnd frame;
     BenchGrid grid;
 
-    Fixture()
+    GridWindow()
     {
         frame.Create(nullptr, "bench", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 500, 800));
         grid.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL | LVS_OWNERDRAWFIXED | LVS_OWNERDATA,
@@ -57,6 +58,13 @@ struct Fixture {
         grid.InsertColumn(0, "Name", LVCFMT_LEFT, 160);
         grid.InsertColumn(1, "Value", LVCFMT_LEFT, 120);
         grid.InsertColumn(2, "Format", LVCFMT_LEFT, 60);
+    }
+};
+
+// One row expanded into 10,000 children.
+struct Fixture : GridWindow {
+    Fixture()
+    {
         auto* row = new CGridRow;
         row->text = "table";
         row->SetFlags(GRF_PARENT | GRF_COLLAPSED);
@@ -152,16 +160,9 @@ CGridRow* NewBenchRow(int i)
 }
 
 // One grid of 100,000 lines, built once for every benchmark that reads it.
-struct LargeFixture {
-    CFrameWnd frame;
-    BenchGrid grid;
-
+struct LargeFixture : GridWindow {
     LargeFixture()
     {
-        frame.Create(nullptr, "bench", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 500, 800));
-        grid.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL | LVS_OWNERDRAWFIXED | LVS_OWNERDATA,
-                    CRect(0, 0, 480, 780), &frame, 100);
-        grid.InsertColumn(0, "Name", LVCFMT_LEFT, 160);
         for (int i = 0; i < kTopRows; ++i) {
             CGridRow* row = NewBenchRow(i);
             if (i % kParentEvery == 0) {
