@@ -1,6 +1,5 @@
 #include "grid/grid_row.h"
 
-#include <algorithm>
 #include <cstring>
 #include <utility>
 #include <vector>
