@@ -57,7 +57,7 @@ struct WatchFixture {
                 row->children.AddRow(member);
                 grid.UpdateRow(member, FALSE);
             }
-            row->flags = (row->flags & ~GRF_COLLAPSED) | GRF_EXPANDED;
+            row->MarkExpanded();
             grid.Rows().AddRow(row);
         }
         grid.SetItemCount(grid.CountVisibleRows(grid.Rows()));

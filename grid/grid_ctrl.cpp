@@ -140,7 +140,7 @@ void CGridCtrl::ToggleExpand(int nItem)
 {
     CGridRow* row = GetRowAt(nItem);
     if (!row || !row->HasChildren()) return;
-    if (row->flags & GRF_EXPANDED) {
+    if (row->Flags() & GRF_EXPANDED) {
         CollapseRow(row, nItem);
     } else {
         ExpandRow(row, nItem);
@@ -150,8 +150,8 @@ void CGridCtrl::ToggleExpand(int nItem)
 void CGridCtrl::CollapseRow(CGridRow* row, int)
 {
     if (!row || !row->HasChildren()) return;
-    if (row->flags & GRF_EXPANDED) {
-        row->flags = (row->flags & ~GRF_EXPANDED) | GRF_COLLAPSED;
+    if (row->Flags() & GRF_EXPANDED) {
+        row->MarkCollapsed();
         UpdateItemCount(row);
     }
     Invalidate(FALSE);
@@ -160,11 +160,11 @@ void CGridCtrl::CollapseRow(CGridRow* row, int)
 void CGridCtrl::ExpandRow(CGridRow* row, int)
 {
     if (!row || !row->HasChildren()) return;
-    if (!(row->flags & GRF_COLLAPSED)) {
+    if (!(row->Flags() & GRF_COLLAPSED)) {
         Invalidate(FALSE);
         return;
     }
-    row->flags = (row->flags & ~GRF_COLLAPSED) | GRF_EXPANDED;
+    row->MarkExpanded();
     LockWindowUpdate();
     BOOL bRefresh = TRUE;
     if (row->children.GetSize() == 0) {
@@ -173,7 +173,7 @@ void CGridCtrl::ExpandRow(CGridRow* row, int)
     }
     for (int i = 0; i < row->children.GetSize(); ++i) {
         CGridRow* child = row->children.GetRow(i);
-        if (child->flags & GRF_SUBPARENT) child->flags = (child->flags & ~GRF_EXPANDED) | GRF_COLLAPSED;
+        if (child->Flags() & GRF_SUBPARENT) child->MarkCollapsed();
     }
     UpdateItemCount(row);
     for (int i = 0; i < row->children.GetSize(); ++i) UpdateRow(row->children.GetRow(i), bRefresh);

@@ -188,7 +188,7 @@ void CGridCtrl::DrawExpandBox(CGridRow* row, const CRect& box)
     const int midY = box.top + box.Height() / 2;
     m_memDC.MoveTo(box.left + kStrokeInset, midY);
     m_memDC.LineTo(box.right - kStrokeInset, midY);
-    if (row->flags & GRF_COLLAPSED) {
+    if (row->Flags() & GRF_COLLAPSED) {
         const int midX = box.left + box.Width() / 2;
         m_memDC.MoveTo(midX, box.top + kStrokeInset);
         m_memDC.LineTo(midX, box.bottom - kStrokeInset);

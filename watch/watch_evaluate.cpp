@@ -109,11 +109,11 @@ void CWatchGridCtrl::UpdateRow(CGridRow* row, BOOL bRefresh)
     if (!record) return;
     // Member and element names are the object's own: never edited.
     row->SetCellTextEdit(kExpressionColumn, FALSE, -1);
-    row->flags |= GRF_CREATED;
+    row->SetFlags(row->Flags() | GRF_CREATED);
     if (!bRefresh) {
         row->text = RecordName(*record);
         if (IsValueRow(row)) row->SetCellNumberEdit(kValueColumn, TRUE, -1);
-        if (record->count > 0) row->flags |= GRF_SUBPARENT | GRF_COLLAPSED;
+        if (record->count > 0) row->SetFlags(row->Flags() | GRF_SUBPARENT | GRF_COLLAPSED);
         if (record->space != WS_NONE) {
             row->SetCellIcon(kFormatColumn, static_cast<int>(row->format));
             row->SetCellList(kFormatColumn, TRUE);

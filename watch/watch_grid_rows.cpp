@@ -5,20 +5,6 @@
 #include "watch/watch_format.h"
 #include "watch/watch_grid_ctrl.h"
 
-namespace {
-
-// The index of the top-level row of `rows` that holds `row`, or -1.
-int TopIndexOf(const CGridRow* row, CGridRowArray* rows)
-{
-    while (row && row->parent) row = row->parent;
-    for (int i = 0; i < rows->GetSize(); ++i) {
-        if (rows->GetRow(i) == row) return i;
-    }
-    return -1;
-}
-
-}  // namespace
-
 CGridRow* CWatchGridCtrl::FindRowAt(int displayIndex, CGridRowArray* rows, int* counter)
 {
     if (displayIndex == -1 || !rows || !counter) return nullptr;
@@ -26,29 +12,19 @@ CGridRow* CWatchGridCtrl::FindRowAt(int displayIndex, CGridRowArray* rows, int* 
     // learns which top-level row holds the line.
     const bool outermost = *counter == 0;
     CGridRow* found = FindRowInDisplayOrder(displayIndex, rows, counter);
-    if (found && outermost) *counter = TopIndexOf(found, rows);
+    if (found && outermost) *counter = rows->IndexAtLine(displayIndex);
     return found;
 }
 
 int CWatchGridCtrl::LineOfTopRow(int index)
 {
-    CGridRowArray& rows = Rows();
-    const int n = std::min(index, rows.GetSize());
-    int line = 0;
-    for (int i = 0; i < n; ++i) {
-        CGridRow* row = rows.GetRow(i);
-        line += 1 + (row->IsExpanded() ? CountVisibleRows(row->children) : 0);
-    }
-    return line;
+    // The lines the first rows take, shown descendants included.
+    return Rows().LineOfIndex(std::clamp(index, 0, Rows().GetSize()));
 }
 
 int CWatchGridCtrl::LineOfRow(const CGridRow* row)
 {
-    const int count = GetItemCount();
-    for (int i = 0; i < count; ++i) {
-        if (GetRowAt(i) == row) return i;
-    }
-    return -1;
+    return DisplayLineOf(Rows(), row);
 }
 
 BOOL CWatchGridCtrl::EnsureInputRow()
@@ -98,7 +74,7 @@ void CWatchGridCtrl::InitRowCells(CGridRow* row)
         row->SetCellList(kFormatColumn, TRUE);
     }
     if (IsValueRow(row)) row->SetCellNumberEdit(kValueColumn, TRUE, -1);
-    if (record->count > 0) row->flags |= GRF_PARENT | GRF_COLLAPSED;
+    if (record->count > 0) row->SetFlags(row->Flags() | GRF_PARENT | GRF_COLLAPSED);
 }
 
 void CWatchGridCtrl::InsertNewRow()

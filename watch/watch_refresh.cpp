@@ -39,7 +39,7 @@ void CWatchGridCtrl::RefreshAll()
         RefreshRow(row, &line, &previous);
         line += 1;
     }
-    if (anchor && !(anchor->flags & GRF_EXPANDED)) SelectItem(LineOfRow(anchor));
+    if (anchor && !(anchor->Flags() & GRF_EXPANDED)) SelectItem(LineOfRow(anchor));
     RepaintNow();
 }
 

@@ -86,7 +86,7 @@ TEST_F(GridCtrlTest, RowsAreFoundInDisplayOrderAndMissingLinesGiveNone)
     child->parent = a;
     child->level = 1;
     a->children.AddRow(child);
-    a->flags = GRF_PARENT | GRF_EXPANDED;
+    a->SetFlags(GRF_PARENT | GRF_EXPANDED);
     SyncCount();
     EXPECT_EQ(grid.GetItemCount(), 3);
     EXPECT_EQ(grid.GetRowAt(0), a);
@@ -111,7 +111,7 @@ TEST_F(GridCtrlTest, AVeryDeepChainIsCountedWalkedCopiedAndFreed)
     CGridRow* top = AddRow("top");
     CGridRow* deepest = top;
     for (int level = 1; level < kDepth; ++level) {
-        deepest->flags = GRF_PARENT | GRF_EXPANDED;
+        deepest->SetFlags(GRF_PARENT | GRF_EXPANDED);
         auto* child = new CGridRow;
         child->parent = deepest;
         child->level = static_cast<std::uint32_t>(level);
@@ -133,10 +133,10 @@ TEST_F(GridCtrlTest, AVeryDeepChainIsCountedWalkedCopiedAndFreed)
     CGridRow* middle = grid.GetRowAt(kDepth / 2);
     ASSERT_NE(middle, nullptr);
     EXPECT_EQ(middle->Level(), (kDepth / 2) & 0xFF);
-    middle->flags = GRF_PARENT | GRF_COLLAPSED;
+    middle->SetFlags(GRF_PARENT | GRF_COLLAPSED);
     EXPECT_EQ(grid.CountVisibleRows(grid.Rows()), kDepth / 2 + 2);
     EXPECT_STREQ(grid.GetRowAt(kDepth / 2 + 1)->text, "after");
-    middle->flags = GRF_PARENT | GRF_EXPANDED;
+    middle->SetFlags(GRF_PARENT | GRF_EXPANDED);
 
     auto copy = std::make_unique<CGridRow>(*top);
     int depth = 1;
@@ -165,21 +165,21 @@ TEST_F(GridCtrlTest, ExpandAsksForChildrenOnceAndCountsTheirLines)
 {
     CGridRow* a = AddRow("a");
     AddRow("b");
-    a->flags = GRF_PARENT | GRF_COLLAPSED;
+    a->SetFlags(GRF_PARENT | GRF_COLLAPSED);
     SyncCount();
     grid.childrenToMake = 3;
     grid.childFlags = GRF_SUBPARENT | GRF_EXPANDED;  // put back to collapsed on expand
     grid.ToggleExpand(0);
     EXPECT_EQ(grid.fills, 1);
-    EXPECT_EQ(a->flags & (GRF_EXPANDED | GRF_COLLAPSED), GRF_EXPANDED);
+    EXPECT_EQ(a->Flags() & (GRF_EXPANDED | GRF_COLLAPSED), GRF_EXPANDED);
     EXPECT_EQ(grid.GetItemCount(), 5);
     ASSERT_EQ(grid.updates.size(), 3u);
     EXPECT_FALSE(grid.updates[0].second);  // just created
-    for (int i = 0; i < 3; ++i) EXPECT_EQ(a->children.GetRow(i)->flags & (GRF_EXPANDED | GRF_COLLAPSED), GRF_COLLAPSED);
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(a->children.GetRow(i)->Flags() & (GRF_EXPANDED | GRF_COLLAPSED), GRF_COLLAPSED);
 
     grid.ToggleExpand(0);  // collapse
     EXPECT_EQ(grid.GetItemCount(), 2);
-    EXPECT_EQ(a->flags & (GRF_EXPANDED | GRF_COLLAPSED), GRF_COLLAPSED);
+    EXPECT_EQ(a->Flags() & (GRF_EXPANDED | GRF_COLLAPSED), GRF_COLLAPSED);
 
     grid.updates.clear();
     grid.ToggleExpand(0);  // children exist: no request, refreshed
@@ -193,11 +193,11 @@ TEST_F(GridCtrlTest, ExpandAsksForChildrenOnceAndCountsTheirLines)
 TEST_F(GridCtrlTest, ExpandReCollapsesSubParentsWithTheirGrandchildren)
 {
     CGridRow* a = AddRow("a");
-    a->flags = GRF_PARENT | GRF_COLLAPSED;
+    a->SetFlags(GRF_PARENT | GRF_COLLAPSED);
     auto* sub = new CGridRow;
     sub->parent = a;
     sub->level = 1;
-    sub->flags = GRF_SUBPARENT | GRF_EXPANDED;
+    sub->SetFlags(GRF_SUBPARENT | GRF_EXPANDED);
     for (int i = 0; i < 4; ++i) {
         auto* grandchild = new CGridRow;
         grandchild->parent = sub;
@@ -208,24 +208,24 @@ TEST_F(GridCtrlTest, ExpandReCollapsesSubParentsWithTheirGrandchildren)
     SyncCount();
     grid.ToggleExpand(0);
     EXPECT_EQ(grid.GetItemCount(), 2);  // the sub-parent's four lines are gone
-    EXPECT_TRUE(sub->flags & GRF_COLLAPSED);
+    EXPECT_TRUE(sub->Flags() & GRF_COLLAPSED);
 }
 
 TEST_F(GridCtrlTest, ExpandWithoutChildrenOrFlagLeavesTheCount)
 {
     CGridRow* a = AddRow("a");
     CGridRow* plain = AddRow("plain");
-    a->flags = GRF_SUBPARENT | GRF_COLLAPSED;
+    a->SetFlags(GRF_SUBPARENT | GRF_COLLAPSED);
     SyncCount();
     grid.ToggleExpand(0);  // the derived class makes none
     EXPECT_EQ(grid.fills, 1);
-    EXPECT_TRUE(a->flags & GRF_EXPANDED);
+    EXPECT_TRUE(a->Flags() & GRF_EXPANDED);
     EXPECT_EQ(grid.GetItemCount(), 2);
     grid.ToggleExpand(1);  // no children flag: nothing at all
     grid.ExpandRow(plain, 1);
     grid.CollapseRow(plain, 1);
     EXPECT_EQ(grid.fills, 1);
-    EXPECT_EQ(plain->flags, GRF_CREATED);
+    EXPECT_EQ(plain->Flags(), GRF_CREATED);
     grid.ToggleExpand(7);  // no row there
     grid.AdjustItemCount(TRUE, 3);
     EXPECT_EQ(grid.GetItemCount(), 5);
@@ -366,7 +366,7 @@ TEST_F(GridCtrlTest, ClicksSelectThenMoveColumnThenEdit)
 TEST_F(GridCtrlTest, ClickOnTheExpandZoneTogglesWithoutEditing)
 {
     CGridRow* a = AddRow("a");
-    a->flags = GRF_PARENT | GRF_COLLAPSED;
+    a->SetFlags(GRF_PARENT | GRF_COLLAPSED);
     AddRow("b");
     SyncCount();
     grid.childrenToMake = 2;

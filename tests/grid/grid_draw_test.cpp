@@ -151,7 +151,7 @@ TEST_F(GridDrawTest, TopLevelRowsShowBoxesAndLinesOnlyWithChildren)
 {
     CGridRow* a = AddRow("a");
     AddRow("plain");
-    a->flags = GRF_PARENT | GRF_COLLAPSED;
+    a->SetFlags(GRF_PARENT | GRF_COLLAPSED);
     SyncCount();
     Paint();
     const CRect indent1(0, Line(1).top, kUnit * 2, Line(1).bottom);
@@ -178,7 +178,7 @@ TEST_F(GridDrawTest, TopLevelRowsShowBoxesAndLinesOnlyWithChildren)
 TEST_F(GridDrawTest, ChildLinesJoinTheParentAndStopAtTheLastSibling)
 {
     CGridRow* a = AddRow("a");
-    a->flags = GRF_PARENT | GRF_COLLAPSED;
+    a->SetFlags(GRF_PARENT | GRF_COLLAPSED);
     SyncCount();
     grid.childrenToMake = 2;
     grid.ToggleExpand(0);
@@ -206,16 +206,16 @@ TEST_F(GridDrawTest, DeepRowsKeepTheLinesOfAncestorsWithFurtherSiblings)
         row->text = text;
         row->parent = parent;
         row->level = parent->level + 1;
-        row->flags = GRF_PARENT | GRF_EXPANDED;
+        row->SetFlags(GRF_PARENT | GRF_EXPANDED);
         parent->children.AddRow(row);
         return row;
     };
-    a->flags = GRF_PARENT | GRF_EXPANDED;
+    a->SetFlags(GRF_PARENT | GRF_EXPANDED);
     CGridRow* b = make(a, "b");
     CGridRow* c = make(b, "c");
     CGridRow* d = make(c, "d");
-    d->flags = GRF_CREATED;
-    make(a, "e")->flags = GRF_CREATED;
+    d->SetFlags(GRF_CREATED);
+    make(a, "e")->SetFlags(GRF_CREATED);
     SyncCount();
     ASSERT_EQ(grid.GetRowAt(3), d);
     Paint();
@@ -231,7 +231,7 @@ TEST_F(GridDrawTest, DeepRowsKeepTheLinesOfAncestorsWithFurtherSiblings)
 TEST_F(GridDrawTest, DeepIndentationIsClippedToColumnZero)
 {
     CGridRow* row = AddRow("deep", GCF_NUMBER_EDIT, "");
-    row->flags = GRF_PARENT | GRF_COLLAPSED;
+    row->SetFlags(GRF_PARENT | GRF_COLLAPSED);
     AddRow("b");
     SyncCount();
     grid.SetFocus();

@@ -79,17 +79,17 @@ TEST(GridRow, ResetEmptiesCellsAndChildrenOnly)
     siblings.AddRow(NewRow("before"));
     CGridRow* row = NewRow("expr", 3);
     siblings.AddRow(row);
-    EXPECT_EQ(row->flags, GRF_CREATED);
+    EXPECT_EQ(row->Flags(), GRF_CREATED);
     EXPECT_EQ(row->format, kGridDefaultFormat);
     row->format = 0;
-    row->flags = GRF_PARENT | GRF_EXPANDED;
+    row->SetFlags(GRF_PARENT | GRF_EXPANDED);
     row->record = new GridRowRecord{};
     row->SetCellTextEdit(1, TRUE, 10);
     std::strcpy(row->cells[1].text, "value");
     row->children.AddRow(NewRow("child", 4));
 
     row->Reset();
-    EXPECT_EQ(row->flags, GRF_CREATED);
+    EXPECT_EQ(row->Flags(), GRF_CREATED);
     EXPECT_EQ(row->cells[1].kind, 0u);
     EXPECT_EQ(row->cells[1].limit, 0u);
     EXPECT_STREQ(row->cells[1].text, "");
@@ -107,7 +107,7 @@ TEST(GridRow, CopyIsDeepWithOwnRecordAndReparentedChildren)
     source.text = "s";
     source.level = 1;
     source.changed = TRUE;
-    source.flags = GRF_PARENT | GRF_EXPANDED;
+    source.SetFlags(GRF_PARENT | GRF_EXPANDED);
     source.format = 1;
     source.record = new GridRowRecord{};
     source.record->bytes[83] = std::byte{77};
@@ -125,7 +125,7 @@ TEST(GridRow, CopyIsDeepWithOwnRecordAndReparentedChildren)
     copy.children.AddRow(NewRow("old"));
     copy = source;
 
-    EXPECT_EQ(copy.flags, source.flags);
+    EXPECT_EQ(copy.Flags(), source.Flags());
     EXPECT_EQ(copy.Level(), 1);
     EXPECT_TRUE(copy.changed);
     EXPECT_EQ(copy.format, 1u);
@@ -210,13 +210,13 @@ TEST(GridRowArray, DisplayOrderShowsOnlyExpandedChildren)
 {
     CGridRowArray rows;
     CGridRow* a = NewRow("a");
-    a->flags = GRF_PARENT | GRF_EXPANDED;
+    a->SetFlags(GRF_PARENT | GRF_EXPANDED);
     CGridRow* a1 = NewRow("a1", 1);
-    a1->flags = GRF_SUBPARENT | GRF_COLLAPSED;
+    a1->SetFlags(GRF_SUBPARENT | GRF_COLLAPSED);
     a1->children.AddRow(NewRow("hidden", 2));
     a->children.AddRow(a1);
     CGridRow* a2 = NewRow("a2", 1);
-    a2->flags = GRF_PARENT | GRF_EXPANDED;  // expanded without children: no lines
+    a2->SetFlags(GRF_PARENT | GRF_EXPANDED);  // expanded without children: no lines
     a->children.AddRow(a2);
     rows.AddRow(a);
     rows.AddRow(NewRow("b"));

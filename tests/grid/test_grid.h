@@ -51,7 +51,7 @@ protected:
                 auto* child = new CGridRow;
                 child->parent = row;
                 child->level = row->level + 1;
-                child->flags = childFlags;
+                child->SetFlags(childFlags);
                 child->text = ("child" + std::to_string(i)).c_str();
                 row->children.AddRow(child);
             }

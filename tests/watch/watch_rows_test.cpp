@@ -127,7 +127,7 @@ TEST_F(WatchRowsTest, TheExpressionListRoundTripsThroughAnotherGrid)
     // Freshly evaluated, collapsed, children not made yet.
     EXPECT_EQ(service.Codes(), (std::vector<unsigned>(3, ScriptedDebugger::kEvaluate)));
     const CGridRow* point = second.GetRowAt(2);
-    EXPECT_EQ(point->flags & (GRF_PARENT | GRF_COLLAPSED), GRF_PARENT | GRF_COLLAPSED);
+    EXPECT_EQ(point->Flags() & (GRF_PARENT | GRF_COLLAPSED), GRF_PARENT | GRF_COLLAPSED);
     EXPECT_EQ(point->children.GetSize(), 0);
 }
 
