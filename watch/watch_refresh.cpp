@@ -1,6 +1,9 @@
 // Refreshing the watch after the target ran: every expression evaluated anew,
 // or, for a fixed list, the service's own list mirrored.
 #include <algorithm>
+#include <deque>
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "watch/debug_service.h"
@@ -12,6 +15,39 @@ namespace {
 // The service's list is a list of target objects: cut at what a 64 KiB memory
 // space could hold, so a hostile size allocates nothing huge.
 constexpr std::int32_t kMaxListEntries = 65536;
+
+// The rows a fixed list has not placed yet, by name, in their order: the row
+// an entry takes is the first of them with its name. A list that names one
+// object twice gets a row for each entry rather than moving one row about,
+// so the first n rows always mirror the n entries.
+class RowsByName {
+public:
+    explicit RowsByName(CGridRowArray& rows)
+    {
+        for (int i = 0; i < rows.GetSize(); ++i) {
+            CGridRow* row = rows.GetRow(i);
+            m_unplaced[std::string(row->text)].push_back(row);
+        }
+    }
+
+    // The row, or null when no unplaced row has the name.
+    CGridRow* Find(const std::string& name) const
+    {
+        const auto found = m_unplaced.find(name);
+        return found == m_unplaced.end() || found->second.empty() ? nullptr : found->second.front();
+    }
+
+    void Placed(const std::string& name, const CGridRow* row)
+    {
+        const auto found = m_unplaced.find(name);
+        if (found != m_unplaced.end() && !found->second.empty() && found->second.front() == row) {
+            found->second.pop_front();
+        }
+    }
+
+private:
+    std::unordered_map<std::string, std::deque<CGridRow*>> m_unplaced;
+};
 
 bool SameObject(const WatchRecord& a, const WatchRecord& b)
 {
@@ -99,26 +135,28 @@ void CWatchGridCtrl::RefreshList()
     DebugService::Request(DRQ_GET_LIST, entries.data());
 
     CGridRowArray& rows = Rows();
+    RowsByName byName(rows);
     int line = 0;
     for (int i = 0; i < n; ++i) {
         WatchRecord record;
         LoadListEntry(entries.data(), i, &record);
         const CString name = RecordName(record);
-        const int pos = FindTopRowByName(name);
+        const int pos = rows.IndexOf(byName.Find(std::string(name)));
         if (pos == -1) {
             CGridRow* row = MakeWatchRow(name);
             *RecordOf(row) = record;
             rows.InsertRow(i, row);
             InitRowCells(row);
             FormatRow(row, FALSE);
+            byName.Placed(std::string(name), row);
         } else {
             CGridRow* row = rows.GetRow(pos);
             const WatchRecord previous = *RecordOf(row);
             *RecordOf(row) = record;
             RefreshRow(row, &line, &previous);
             rows.RemoveRow(pos);
-            // A name the list repeats finds a row already placed above i.
-            rows.InsertRow(std::min(i, rows.GetSize()), row);
+            rows.InsertRow(i, row);
+            byName.Placed(std::string(name), row);
         }
         line += 1;
     }

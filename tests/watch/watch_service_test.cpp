@@ -187,6 +187,12 @@ TEST_F(WatchServiceTest, AFixedListMirrorsTheServicesListKeepingRowsThatStay)
     EXPECT_EQ(grid.GetRowAt(0)->format, WF_BINARY);
     EXPECT_EQ(grid.GetRowAt(1)->format, WF_HEXADECIMAL);
 
+    // A list that names one object twice gets a row for each entry.
+    service.list = {entry("c", 0x32), entry("c", 0x32), entry("b", 0x31)};
+    grid.SendMessage(UWM_WATCH_REFRESH, 0, 0);
+    EXPECT_EQ(Lines(), (Texts{"c", "c", "b"}));
+    EXPECT_EQ(grid.GetRowAt(2)->format, WF_BINARY);
+
     // A name of all 32 bytes: no terminator in the entry, three zero bytes after it.
     WatchListEntry full = entry("", 0x33);
     std::memset(full.name, 'z', sizeof full.name);
