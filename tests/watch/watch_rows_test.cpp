@@ -216,6 +216,25 @@ TEST_F(WatchRowsTest, WithoutAServiceWindowNewRowsKeepZeroFilledRecords)
     EXPECT_TRUE(service.requests.empty());
 }
 
+TEST_F(WatchRowsTest, TheServiceIsLookedUpAfreshForEveryRequest)
+{
+    ScriptedDebugger second;
+    ASSERT_TRUE(second.CreateService(&host));
+    second.Define("a", MakeRecord(WT_INT, WS_DATA, 0x50, 2, 3));
+    AddViaHost("x");
+    host.context.debuggerWindow = second.GetSafeHwnd();
+    AddViaHost("a");
+    host.appData.context = nullptr;  // the project closed
+    AddViaHost("x");
+    host.appData.context = &host.context;
+    EXPECT_EQ(service.Codes(), (std::vector<unsigned>{ScriptedDebugger::kEvaluate}));
+    ASSERT_EQ(second.requests.size(), 1u);
+    EXPECT_EQ(second.requests[0].text, "a");
+    EXPECT_EQ(Cell(2, 1), "");
+    // One question to the host for each request.
+    EXPECT_EQ(host.Count(UWM_GET_APP_DATA), 3);
+}
+
 TEST_F(WatchRowsTest, FindRowAtTellsTheOutermostCallerTheTopLevelIndex)
 {
     TypeExpression("x");
