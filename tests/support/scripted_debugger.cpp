@@ -20,19 +20,6 @@ std::uint32_t SizeMask(std::uint32_t size)
 
 }  // namespace
 
-WatchRecord MakeRecord(std::uint32_t type, std::uint32_t space, std::uint32_t address, std::uint32_t size,
-                       std::uint32_t value)
-{
-    WatchRecord record{};
-    record.status = 1;
-    record.type = type;
-    record.space = space;
-    record.address = address;
-    record.size = size;
-    record.value = value;
-    return record;
-}
-
 ScriptedDebugger::~ScriptedDebugger()
 {
     if (GetSafeHwnd()) DestroyWindow();

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/core/wnd.h"
+#include "tests/support/watch_records.h"
 #include "watch/debug_protocol.h"
 
 class ScriptedDebugger : public CWnd {
@@ -80,7 +81,3 @@ private:
     std::map<std::pair<std::uint32_t, std::uint32_t>, Elements> m_elements;
     std::map<std::pair<std::uint32_t, std::uint32_t>, std::uint32_t> m_memory;
 };
-
-// A record of an object, evaluated: status 1 and the fields a test cares about.
-WatchRecord MakeRecord(std::uint32_t type, std::uint32_t space, std::uint32_t address, std::uint32_t size,
-                       std::uint32_t value = 0);

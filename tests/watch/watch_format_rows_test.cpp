@@ -39,7 +39,7 @@ TEST_F(WatchRowFormat, DefaultFormatFollowsTheSettingOrTheType)
     };
     for (const Case& c : cases) {
         OrvProjectMisc::SetValueDisplayMode(c.mode);
-        const auto row = RowOf(Record(c.type, WS_DATA, 1, 0, 0), WF_BINARY);
+        const auto row = RowOf(MakeRecord(c.type, WS_DATA, 0, 1, 0), WF_BINARY);
         ApplyDefaultFormat(row.get());
         EXPECT_EQ(row->format, c.format) << "mode " << c.mode << " type " << c.type;
         EXPECT_TRUE(row->cells[kFormatColumn].kind & GCF_ICON) << "mode " << c.mode << " type " << c.type;
@@ -49,7 +49,7 @@ TEST_F(WatchRowFormat, DefaultFormatFollowsTheSettingOrTheType)
 
 TEST_F(WatchRowFormat, ValueAndRowTakeTheDefaultOnlyWhenAsked)
 {
-    const WatchRecord unsignedChar = Record(3, WS_DATA, 1, 0x30, 65);
+    const WatchRecord unsignedChar = MakeRecord(3, WS_DATA, 0x30, 1, 65);
     const auto row = RowOf(unsignedChar, WF_BINARY);
     EXPECT_EQ(FormatValue(row.get(), FALSE), "01000001");
     EXPECT_EQ(row->format, WF_BINARY);
@@ -61,7 +61,7 @@ TEST_F(WatchRowFormat, ValueAndRowTakeTheDefaultOnlyWhenAsked)
     OrvProjectMisc::SetValueDisplayMode(1);
     EXPECT_EQ(FormatRowOf(unsignedChar, WF_BINARY, TRUE).value, "65");
     // A row without a space still takes its default format, though it shows no value.
-    const RowTexts none = FormatRowOf(Record(3, WS_NONE, 1, 0, 65), WF_BINARY, TRUE);
+    const RowTexts none = FormatRowOf(MakeRecord(3, WS_NONE, 0, 1, 65), WF_BINARY, TRUE);
     EXPECT_EQ(none.value, "");
     EXPECT_EQ(none.format, WF_DECIMAL);
 }
@@ -83,7 +83,7 @@ TEST_F(WatchRowFormat, ErrorStatusShowsTheMessageAndKeepsTheAttribute)
         {0xFFFFFFFF, ""},
     };
     for (const Case& c : cases) {
-        WatchRecord record = Record(WT_CHAR, WS_DATA, 1, 0x30, 65);
+        WatchRecord record = MakeRecord(WT_CHAR, WS_DATA, 0x30, 1, 65);
         record.status = 0;
         record.errorId = c.errorId;
         const RowTexts row = FormatRowOf(record, WF_BINARY, TRUE);
@@ -109,7 +109,7 @@ TEST_F(WatchRowFormat, UnknownTypesAndSpacesHaveNoAttribute)
         {WT_CHAR, 0xFFFFFFFF, "-2", "-2,0xFFFFFFFE"},
     };
     for (const Case& c : cases) {
-        const WatchRecord record = Record(c.type, c.space, 2, 0x30, 0xFFFFFFFE);
+        const WatchRecord record = MakeRecord(c.type, c.space, 0x30, 2, 0xFFFFFFFE);
         const RowTexts row = FormatRowOf(record, WF_DECIMAL);
         EXPECT_EQ(row.value, c.decimal) << "type " << c.type << " space " << c.space;
         EXPECT_EQ(row.attribute, "") << "type " << c.type << " space " << c.space;
@@ -136,7 +136,7 @@ TEST_F(WatchRowFormat, BinaryDigitsStopAtTheValuesBits)
         {0xFFFFFFFF, WS_BIT, "1", "80000001"},
     };
     for (const Case& c : cases) {
-        const WatchRecord record = Record(7, c.space, c.size, 0, 0x80000001);
+        const WatchRecord record = MakeRecord(7, c.space, 0, c.size, 0x80000001);
         EXPECT_EQ(FormatBinary(&record).str(), c.binary) << "size " << c.size << " space " << c.space;
         EXPECT_EQ(ValueIn(record, WF_BINARY), c.binary) << "size " << c.size << " space " << c.space;
         EXPECT_EQ(ValueIn(record, WF_HEXADECIMAL), c.hexadecimal) << "size " << c.size << " space " << c.space;
@@ -168,7 +168,7 @@ TEST_F(WatchRowFormat, LongestQuickViewFillsTheBufferExactly)
 {
     // The widest "%f" of a single, a byte's binary digits and the longest
     // space name with an eight-digit address.
-    const WatchRecord widest = Record(WT_FLOAT, WS_NUMBER, 1, 0xFFFFFFFF, 0xFF7FFFFF);
+    const WatchRecord widest = MakeRecord(WT_FLOAT, WS_NUMBER, 0xFFFFFFFF, 1, 0xFF7FFFFF);
     const std::string text = QuickView(widest, true);
     EXPECT_EQ(text, "-340282346638528859811704183484516925440.000000,0FF7FFFFFH,11111111B(number:FFFFFFFF)");
     EXPECT_EQ(text.size(), kQuickViewBytes - 1);
@@ -176,7 +176,7 @@ TEST_F(WatchRowFormat, LongestQuickViewFillsTheBufferExactly)
 
 TEST_F(WatchRowFormat, QuickViewWithoutBufferOrRecordWritesNothingElse)
 {
-    const WatchRecord record = Record(WT_CHAR, WS_DATA, 1, 0x30, 65);
+    const WatchRecord record = MakeRecord(WT_CHAR, WS_DATA, 0x30, 1, 65);
     EXPECT_EQ(QuickViewText(nullptr, &record), 0);
     char buffer[kQuickViewBytes];
     std::memset(buffer, 'x', sizeof buffer);

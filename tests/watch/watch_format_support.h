@@ -8,22 +8,9 @@
 #include <memory>
 #include <string>
 
+#include "tests/support/watch_records.h"
 #include "watch/watch_format.h"
 #include "watch/watch_row.h"
-
-// A record with a value (status 1) and the given fields.
-inline WatchRecord Record(std::uint32_t type, std::uint32_t space, std::uint32_t size, std::uint32_t address,
-                          std::uint32_t value)
-{
-    WatchRecord record{};
-    record.status = 1;
-    record.type = type;
-    record.space = space;
-    record.size = size;
-    record.address = address;
-    record.value = value;
-    return record;
-}
 
 inline std::unique_ptr<CGridRow> RowOf(const WatchRecord& record, std::uint32_t format)
 {
