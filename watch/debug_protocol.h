@@ -142,6 +142,18 @@ static_assert(offsetof(ElementBlock, element) == sizeof(void*));
 static_assert(offsetof(ElementBlock, data) == 2 * sizeof(void*));
 static_assert(offsetof(ElementBlock, valid) == 3 * sizeof(void*));
 
+// What the watch takes from a service, at most. An 8051 addresses 64 KiB of
+// xdata (and as much code), so no object it holds has more members or
+// elements, no array more bytes, and no list of its objects more entries;
+// anything a service answers beyond these is cut to them, so a hostile answer
+// allocates nothing unbounded. A count below 0, an element size of 0 and a
+// list size below 0 give nothing. Only the 4 least significant bytes of a
+// wider element fit in value: they are kept, and the rest are only checked
+// for validity.
+constexpr std::int64_t kMaxWatchChildren = 65536;
+constexpr std::int64_t kMaxElementBytes = 65536;
+constexpr std::int32_t kMaxWatchListEntries = 65536;
+
 // Messages a service can name in errorId; their texts are the module's strings.
 enum WatchError : std::uint32_t {
     WERR_WRONG_EXPRESSION = 32063,   // 错误的表达式

@@ -11,11 +11,6 @@
 
 namespace {
 
-// An 8051 memory space holds 64 KiB, so no real object has more members or
-// elements, nor an array more bytes; a service that says otherwise is cut here.
-constexpr std::int64_t kMaxChildren = 65536;
-constexpr std::int64_t kMaxArrayBytes = 65536;
-
 bool ExpandsAsElements(const WatchRecord& record)
 {
     const bool noTypeRef = record.typeRef == 0 || record.typeRef == kNoTypeRef;
@@ -63,7 +58,7 @@ void CWatchGridCtrl::FillMembers(CGridRow* row)
         FillElements(row);
         return;
     }
-    const std::int64_t n = std::min<std::int64_t>(record->count, kMaxChildren);
+    const std::int64_t n = std::min<std::int64_t>(record->count, kMaxWatchChildren);
     for (std::int64_t i = 0; i < n; ++i) {
         WatchRecord member = *record;
         member.count = static_cast<std::int32_t>(i);
@@ -87,9 +82,9 @@ void CWatchGridCtrl::FillElements(CGridRow* row)
     std::unique_ptr<std::uint8_t, decltype(&std::free)> data(block.data, &std::free);
     std::unique_ptr<std::uint8_t, decltype(&std::free)> valid(block.valid, &std::free);
 
-    std::int64_t n = std::min<std::int64_t>(record->count, kMaxChildren);
     const std::int64_t size = elementTemplate->size;
-    if (size > 0) n = std::min(n, kMaxArrayBytes / size);
+    // Elements without bytes show nothing; the bytes are cut to what an 8051 holds.
+    const std::int64_t n = size == 0 ? 0 : std::min<std::int64_t>(record->count, kMaxElementBytes / size);
     for (std::int64_t i = 0; i < n; ++i) {
         WatchRecord element = *elementTemplate;
         element.address += static_cast<std::uint32_t>(size * i);

@@ -12,10 +12,6 @@
 
 namespace {
 
-// The service's list is a list of target objects: cut at what a 64 KiB memory
-// space could hold, so a hostile size allocates nothing huge.
-constexpr std::int32_t kMaxListEntries = 65536;
-
 // The rows a fixed list has not placed yet, by name, in their order: the row
 // an entry takes is the first of them with its name. A list that names one
 // object twice gets a row for each entry rather than moving one row about,
@@ -130,7 +126,7 @@ void CWatchGridCtrl::RefreshList()
 {
     std::int32_t n = 0;
     DebugService::Request(DRQ_GET_LIST_SIZE, &n);
-    n = std::clamp(n, 0, kMaxListEntries);
+    n = std::clamp(n, 0, kMaxWatchListEntries);
     std::vector<WatchListEntry> entries(static_cast<std::size_t>(n));
     DebugService::Request(DRQ_GET_LIST, entries.data());
 

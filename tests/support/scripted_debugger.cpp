@@ -133,7 +133,7 @@ void ScriptedDebugger::Answer(unsigned code, LPARAM lParam)
         m_memory[{record->space, record->address}] = record->value & SizeMask(record->size);
         break;
     case DRQ_GET_COUNT:
-        record->count = CountOf(*record);
+        record->count = countAnswer ? *countAnswer : CountOf(*record);
         break;
     case DRQ_GET_MEMBER: {
         const auto members = m_members.find(record->typeRef);
@@ -150,7 +150,7 @@ void ScriptedDebugger::Answer(unsigned code, LPARAM lParam)
         ReadValue(*record);
         break;
     case DRQ_GET_LIST_SIZE:
-        *reinterpret_cast<std::int32_t*>(lParam) = static_cast<std::int32_t>(list.size());
+        *reinterpret_cast<std::int32_t*>(lParam) = listSizeAnswer ? *listSizeAnswer : static_cast<std::int32_t>(list.size());
         break;
     case DRQ_GET_LIST:
         if (!list.empty()) std::memcpy(reinterpret_cast<void*>(lParam), list.data(), list.size() * sizeof(WatchListEntry));

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -60,6 +61,11 @@ public:
 
     // The service's own list (DRQ_GET_LIST).
     std::vector<WatchListEntry> list;
+
+    // Answers a hostile service would give instead of the true ones: every
+    // DRQ_GET_COUNT, and DRQ_GET_LIST_SIZE (the list itself stays as it is).
+    std::optional<std::int32_t> countAnswer;
+    std::optional<std::int32_t> listSizeAnswer;
 
     std::vector<Request> requests;
     // The codes of the requests, in order.

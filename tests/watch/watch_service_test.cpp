@@ -127,6 +127,81 @@ TEST_F(WatchServiceTest, ElementsComeAsBytesMostSignificantFirst)
     EXPECT_EQ(Cell(9, 1), std::to_string(0x0818));
 }
 
+TEST_F(WatchServiceTest, AnArrayWithATypeOfItsOwnExpandsMemberByMember)
+{
+    WatchRecord lights = MakeRecord(WT_ARRAY, WS_XDATA, 0x140, 16);
+    lights.typeRef = 3;
+    lights.count = 2;
+    service.Define("lights", lights);
+    WatchRecord first = MakeRecord(32, WS_XDATA, 0x140, 8);
+    std::strcpy(first.name, "[00]");
+    WatchRecord second = MakeRecord(32, WS_XDATA, 0x148, 8);
+    std::strcpy(second.name, "[01]");
+    service.DefineMembers(3, {first, second});
+    Add("lights");
+    service.ClearRequests();
+    grid.ToggleExpand(0);
+    EXPECT_EQ(service.Codes(), (Codes{DRQ_GET_COUNT, DRQ_GET_MEMBER, DRQ_GET_COUNT, DRQ_GET_MEMBER, DRQ_GET_COUNT}));
+    EXPECT_EQ(Lines(), (Texts{"lights", "[00]", "[01]", Prompt()}));
+}
+
+TEST_F(WatchServiceTest, HostileCountsAndSizesAreCutToWhatAnEightOFiftyOneHolds)
+{
+    // Elements of 8 bytes: at most 64 KiB of them, each showing its low 4 bytes.
+    WatchRecord wide = MakeRecord(WT_ARRAY, WS_XDATA, 0, 0);
+    wide.count = 2000000000;
+    service.Define("wide", wide);
+    ScriptedDebugger::Elements elements;
+    elements.elementTemplate = MakeRecord(7, WS_XDATA, 0, 8);
+    elements.data.assign(65536, 0);
+    elements.valid.assign(65536, 1);
+    for (int b = 0; b < 8; ++b) elements.data[b] = static_cast<std::uint8_t>(0x11 * (b + 1));
+    service.DefineElements(WS_XDATA, 0, elements);
+    Add("wide");
+    service.countAnswer = 2000000000;
+    grid.ToggleExpand(0);
+    EXPECT_EQ(grid.GetItemCount(), 1 + 8192 + 1);
+    EXPECT_EQ(RecordOf(grid.GetRowAt(1))->value, 0x55667788u);
+    EXPECT_EQ(RecordOf(grid.GetRowAt(8192))->address, 8191u * 8);
+
+    // Elements of no size, and a negative count, make no rows.
+    WatchRecord empty = MakeRecord(WT_ARRAY, WS_DATA, 0x60, 0);
+    empty.count = 4;
+    service.Define("empty", empty);
+    service.DefineElements(WS_DATA, 0x60, {MakeRecord(3, WS_DATA, 0x60, 0), {1, 2}, {1, 1}});
+    Add("empty");
+    const int emptyLine = grid.GetItemCount() - 2;
+    service.countAnswer = 4;
+    grid.ToggleExpand(emptyLine);
+    EXPECT_EQ(grid.GetRowAt(emptyLine)->children.GetSize(), 0);
+
+    WatchRecord negative = MakeRecord(32, WS_DATA, 0x70, 2);
+    negative.typeRef = 12;
+    negative.count = 1;
+    service.Define("negative", negative);
+    Add("negative");
+    const int negativeLine = grid.GetItemCount() - 2;
+    service.countAnswer = -5;
+    grid.ToggleExpand(negativeLine);
+    EXPECT_EQ(grid.GetRowAt(negativeLine)->children.GetSize(), 0);
+
+    // A list size below zero gives no rows; a huge one no more than 64 Ki
+    // entries, those the service did not write being empty.
+    service.countAnswer.reset();
+    grid.SendMessage(UWM_WATCH_CLEAR, 0, 0);
+    grid.fixedRows = TRUE;
+    service.list.assign(1, WatchListEntry{});
+    std::strcpy(service.list[0].name, "phase");
+    service.listSizeAnswer = -1;
+    grid.SendMessage(UWM_WATCH_REFRESH, 0, 0);
+    EXPECT_EQ(grid.GetItemCount(), 0);
+    service.listSizeAnswer = 2000000000;
+    grid.SendMessage(UWM_WATCH_REFRESH, 0, 0);
+    EXPECT_EQ(grid.GetItemCount(), 65536);
+    EXPECT_EQ(Lines()[0], "phase");
+    EXPECT_EQ(Lines()[65535], "");
+}
+
 TEST_F(WatchServiceTest, ARefreshMarksChangesAndRebuildsRowsThatNameAnotherObject)
 {
     service.Define("x", MakeRecord(WT_INT, WS_DATA, 0x30, 2, 1));
