@@ -236,7 +236,7 @@ int main(int argc, char** argv)
     int result = 1;
     {
         DemoHost host;
-        host.Create(nullptr, "dockpanes demo", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 760, 790));
+        host.Create(nullptr, "dockpanes demo", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 760, 880));
         app.m_pMainWnd = &host;
         OrvProjectMisc::SetListener([&](std::string_view routine, int argument) {
             host.transcript << "sibling " << routine << "(" << argument << ")\n";
@@ -258,7 +258,7 @@ int main(int argc, char** argv)
             {DemoPane(GBK("断点")), &breakpointView, CRect(380, 4, 754, 204)},
             {DemoPane(GBK("函数列表")), &functionView, CRect(4, 208, 256, 464)},
             {DemoPane(GBK("消息")), &messageView, CRect(260, 208, 754, 464)},
-            {DemoPane(GBK("观察")), &watch, CRect(4, 468, 754, 756)},
+            {DemoPane(GBK("观察")), &watch, CRect(4, 468, 754, 846)},
         };
         slots[0].pane.showMenu = [&](CPoint p) { bookmarkView.ShowMenu(p); };
         slots[1].pane.showMenu = [&](CPoint p) { breakpointView.ShowMenu(p); };

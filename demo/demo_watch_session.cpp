@@ -39,7 +39,8 @@ void RestoreWatchList(CWatchGridCtrl& watch, const std::function<void(const std:
 {
     note("the host restores the project's watch list");
     CStringArray list;
-    for (const char* expression : {"phase", "ticks", "temperature", "cfg", "mode", "total", "red", "speed"}) {
+    for (const char* expression :
+         {"phase", "ticks", "temperature", "cfg", "lights[1].lamps", "mode", "cursor", "total", "red", "speed"}) {
         list.Add(expression);
     }
     watch.SendMessage(UWM_WATCH_EXPRESSIONS, reinterpret_cast<WPARAM>(&list), FALSE);
@@ -53,9 +54,11 @@ void PlayWatchSession(CWatchGridCtrl& watch, const WatchSessionHooks& hooks)
     Input::Type("timings[2] * 3");
     Input::Key(VK_RETURN);
 
-    hooks.note("the user expands 'cfg' by its box");
+    hooks.note("the user expands 'cfg' and then 'lights[1].lamps' by their boxes");
     Input::Wait();
     Input::Click(&watch, ExpandBoxCentre(watch, LineOf(watch, "cfg")));
+    Input::Wait();
+    Input::Click(&watch, ExpandBoxCentre(watch, LineOf(watch, "lights[1].lamps")));
 
     hooks.note("the user shows 'phase' in binary: its format list, then Home, which picks and closes");
     const int phase = LineOf(watch, "phase");
