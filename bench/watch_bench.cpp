@@ -1,11 +1,19 @@
-// The watch at 100,000 display lines: finding the row on a line deep in the
-// grid against one near the top, and painting a page there against a page at
-// the top. Both must cost what they look at, not what lies before it.
+// The watch at scale: finding the row on a line deep in 100,000 display lines
+// against one near the top, painting a page there against a page at the top,
+// expanding an array of 10,000 elements, and refreshing 1,000 expressions
+// against a service that answers at once. Each must cost what it looks at or
+// changes, not what lies before it.
 #include <benchmark/benchmark.h>
 
+#include <cstdlib>
+#include <cstring>
+#include <memory>
 #include <string>
 
+#include "host/host_messages.h"
+#include "host/host_records.h"
 #include "platform/core/paint.h"
+#include "platform/core/thread.h"
 #include "platform/docking/frame_wnd.h"
 #include "watch/watch_format.h"
 #include "watch/watch_grid_ctrl.h"
@@ -16,6 +24,8 @@ constexpr int kStructures = 20000;
 constexpr int kMembers = 4;  // so 100,000 lines with every structure expanded
 constexpr int kDeepLine = 50000;
 constexpr int kShallowLine = 10;
+constexpr int kElements = 10000;
+constexpr int kRefreshedRows = 1000;
 
 WatchRecord Scalar(std::uint32_t address, std::uint32_t value)
 {
@@ -29,16 +39,102 @@ WatchRecord Scalar(std::uint32_t address, std::uint32_t value)
     return record;
 }
 
-struct WatchFixture {
-    CFrameWnd frame;
+// A service that answers at once: every expression is an int, "table" an
+// array of 10,000 ints handed over as one block.
+class InstantService : public CWnd {
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (message != UWM_DEBUG_REQUEST) return CWnd::WindowProc(message, wParam, lParam);
+        auto* record = reinterpret_cast<WatchRecord*>(lParam);
+        if (wParam > kLastDebugRequest) {
+            const bool table = std::strcmp(reinterpret_cast<const char*>(wParam), "table") == 0;
+            *record = Scalar(0x100, 7);
+            if (table) {
+                record->type = WT_ARRAY;
+                record->size = 2 * kElements;
+                record->count = kElements;
+            }
+        } else if (wParam == DRQ_GET_COUNT) {
+            record->count = record->type == WT_ARRAY ? kElements : 0;
+        } else if (wParam == DRQ_GET_ELEMENTS) {
+            auto* block = reinterpret_cast<ElementBlock*>(lParam);
+            *block->element = Scalar(0x100, 0);
+            block->data = static_cast<std::uint8_t*>(std::calloc(2 * kElements, 1));
+            block->valid = static_cast<std::uint8_t*>(std::malloc(2 * kElements));
+            std::memset(block->valid, 1, 2 * kElements);
+        }
+        return 0;
+    }
+};
+
+// The main frame: hands out its records, whose context names the service.
+class BenchHost : public CFrameWnd {
+public:
+    BenchHost()
+    {
+        m_data.context = &m_context;
+        Create(nullptr, "bench", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 720, 800));
+        m_service.Create(nullptr, "service", WS_CHILD, CRect(0, 0, 0, 0), this, 0);
+        m_context.debuggerWindow = m_service.GetSafeHwnd();
+        m_app.m_pMainWnd = this;
+    }
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (message == UWM_GET_APP_DATA && lParam) {
+            *reinterpret_cast<AppData**>(lParam) = &m_data;
+            return 0;
+        }
+        return CFrameWnd::WindowProc(message, wParam, lParam);
+    }
+
+private:
+    CWinApp m_app;
+    AppData m_data;
+    ProjectContext m_context;
+    InstantService m_service;
+};
+
+BenchHost& Host()
+{
+    // Kept for the whole run: the platform's windows outlive no benchmark.
+    static BenchHost* host = new BenchHost;
+    return *host;
+}
+
+// A watch in the host, cleared.
+struct Watch {
     CWatchGridCtrl grid;
 
-    WatchFixture()
+    Watch()
     {
-        frame.Create(nullptr, "bench", WS_OVERLAPPEDWINDOW | WS_VISIBLE, CRect(0, 0, 720, 800));
-        grid.Create(&frame);
+        grid.Create(&Host());
         grid.Layout(0, 0, 700, 780);
         grid.SendMessage(UWM_WATCH_CLEAR, 0, 0);
+    }
+
+    // Scrolls so that the line is the first one shown, and paints.
+    void ShowFrom(int line)
+    {
+        grid.EnsureVisible(grid.GetItemCount() - 1, FALSE);
+        grid.EnsureVisible(line, FALSE);
+        Paint::UpdateAllWindows();
+    }
+
+    void PaintPage()
+    {
+        grid.Invalidate(FALSE);
+        Paint::UpdateAllWindows();
+    }
+};
+
+// 20,000 expanded structures of four members each: 100,000 lines.
+Watch& Structures()
+{
+    static Watch* watch = [] {
+        auto* w = new Watch;
         for (int s = 0; s < kStructures; ++s) {
             CGridRow* row = MakeWatchRow(("cfg[" + std::to_string(s) + "]").c_str());
             WatchRecord* record = RecordOf(row);
@@ -46,7 +142,7 @@ struct WatchFixture {
             record->type = 32;
             record->typeRef = 1;
             record->count = kMembers;
-            grid.InitRowCells(row);
+            w->grid.InitRowCells(row);
             FormatRow(row, TRUE);
             for (int m = 0; m < kMembers; ++m) {
                 CGridRow* member = MakeWatchRow("");
@@ -55,61 +151,93 @@ struct WatchFixture {
                 member->parent = row;
                 member->level = 1;
                 row->children.AddRow(member);
-                grid.UpdateRow(member, FALSE);
+                w->grid.UpdateRow(member, FALSE);
             }
             row->MarkExpanded();
-            grid.Rows().AddRow(row);
+            w->grid.Rows().AddRow(row);
         }
-        grid.SetItemCount(grid.CountVisibleRows(grid.Rows()));
-    }
-
-    // Scrolls so that the line is the first one shown.
-    void ShowFrom(int line)
-    {
-        grid.EnsureVisible(grid.GetItemCount() - 1, FALSE);
-        grid.EnsureVisible(line, FALSE);
-        Paint::UpdateAllWindows();
-    }
-};
-
-WatchFixture& Shared()
-{
-    static WatchFixture fixture;
-    return fixture;
+        w->grid.SetItemCount(w->grid.CountVisibleRows(w->grid.Rows()));
+        return w;
+    }();
+    return *watch;
 }
 
 void FindRowAtLine(benchmark::State& state)
 {
-    WatchFixture& fixture = Shared();
+    Watch& watch = Structures();
     const int line = static_cast<int>(state.range(0));
     for (auto _ : state) {
         int counter = 0;
-        benchmark::DoNotOptimize(fixture.grid.FindRowAt(line, &fixture.grid.Rows(), &counter));
+        benchmark::DoNotOptimize(watch.grid.FindRowAt(line, &watch.grid.Rows(), &counter));
         benchmark::DoNotOptimize(counter);
     }
-    state.counters["lines"] = fixture.grid.GetItemCount();
+    state.counters["lines"] = watch.grid.GetItemCount();
 }
 BENCHMARK(FindRowAtLine)->Arg(kShallowLine)->Arg(kDeepLine)->Unit(benchmark::kNanosecond);
 
+void LineOfRowDeep(benchmark::State& state)
+{
+    Watch& watch = Structures();
+    const CGridRow* row = watch.grid.GetRowAt(kDeepLine);
+    for (auto _ : state) benchmark::DoNotOptimize(watch.grid.LineOfRow(row));
+}
+BENCHMARK(LineOfRowDeep)->Unit(benchmark::kNanosecond);
+
 void PaintPageAtLine(benchmark::State& state)
 {
-    WatchFixture& fixture = Shared();
-    fixture.ShowFrom(static_cast<int>(state.range(0)));
-    for (auto _ : state) {
-        fixture.grid.Invalidate(FALSE);
-        Paint::UpdateAllWindows();
-    }
-    state.counters["top"] = fixture.grid.GetTopIndex();
-    state.counters["lines"] = fixture.grid.GetCountPerPage();
+    Watch& watch = Structures();
+    watch.ShowFrom(static_cast<int>(state.range(0)));
+    for (auto _ : state) watch.PaintPage();
+    state.counters["top"] = watch.grid.GetTopIndex();
+    state.counters["lines"] = watch.grid.GetCountPerPage();
 }
 BENCHMARK(PaintPageAtLine)->Arg(0)->Arg(kDeepLine)->Unit(benchmark::kMicrosecond);
 
-void LineOfRowDeep(benchmark::State& state)
+// The array's first expansion: one request for the count, one for all the
+// elements, 10,000 rows made from the bytes.
+void ExpandArray10000(benchmark::State& state)
 {
-    WatchFixture& fixture = Shared();
-    const CGridRow* row = fixture.grid.GetRowAt(kDeepLine);
-    for (auto _ : state) benchmark::DoNotOptimize(fixture.grid.LineOfRow(row));
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto watch = std::make_unique<Watch>();
+        watch->grid.SendMessage(UWM_WATCH_ADD_EXPRESSION, reinterpret_cast<WPARAM>("table"), 0);
+        state.ResumeTiming();
+        watch->grid.ToggleExpand(0);
+        state.PauseTiming();
+        watch.reset();
+        state.ResumeTiming();
+    }
 }
-BENCHMARK(LineOfRowDeep)->Unit(benchmark::kNanosecond);
+BENCHMARK(ExpandArray10000)->Unit(benchmark::kMillisecond);
+
+// A page in the middle of the expanded array against one at its top.
+void PaintPageInArray(benchmark::State& state)
+{
+    static Watch* watch = [] {
+        auto* w = new Watch;
+        w->grid.SendMessage(UWM_WATCH_ADD_EXPRESSION, reinterpret_cast<WPARAM>("table"), 0);
+        w->grid.ToggleExpand(0);
+        return w;
+    }();
+    watch->ShowFrom(static_cast<int>(state.range(0)));
+    for (auto _ : state) watch->PaintPage();
+    state.counters["top"] = watch->grid.GetTopIndex();
+}
+BENCHMARK(PaintPageInArray)->Arg(0)->Arg(kElements / 2)->Unit(benchmark::kMicrosecond);
+
+void Refresh1000(benchmark::State& state)
+{
+    static Watch* watch = [] {
+        auto* w = new Watch;
+        w->grid.SendMessage(UWM_WATCH_CLEAR, 0, 0);
+        CStringArray list;
+        for (int i = 0; i < kRefreshedRows; ++i) list.Add(("v" + std::to_string(i)).c_str());
+        w->grid.SendMessage(UWM_WATCH_EXPRESSIONS, reinterpret_cast<WPARAM>(&list), FALSE);
+        return w;
+    }();
+    for (auto _ : state) watch->grid.SendMessage(UWM_WATCH_REFRESH, 0, 0);
+    state.counters["rows"] = watch->grid.GetItemCount();
+}
+BENCHMARK(Refresh1000)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
