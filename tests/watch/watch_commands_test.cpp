@@ -86,14 +86,22 @@ TEST_F(WatchCommandsTest, TheMenuFollowsTheSelection)
 
     grid.fixedRows = TRUE;
     grid.SelectItem(1);
+    grid.SetCurrentColumn(1);
     states = MenuStates();
     EXPECT_FALSE(states[ID_WATCH_DELETE]);
     EXPECT_FALSE(states[ID_WATCH_CLEAR]);
+    EXPECT_TRUE(states[ID_WATCH_EDIT]);  // values can still be written
+    EXPECT_TRUE(states[ID_WATCH_SHOW_IN_MEMORY]);
     // Shown enabled, but they do nothing in a fixed list.
     EXPECT_TRUE(states[ID_WATCH_MOVE_UP]);
+    EXPECT_TRUE(states[ID_WATCH_MOVE_DOWN]);
     Choose(ID_WATCH_MOVE_UP);
+    Choose(ID_WATCH_MOVE_DOWN);
+    grid.SetFocus();
     Input::Key(VK_DELETE);
+    Input::Key(VK_UP, Input::kShift);
     EXPECT_EQ(Lines(), (Texts{"x", "y", "z", Prompt()}));
+    EXPECT_EQ(grid.GetSelectedItem(), 1);
 }
 
 TEST_F(WatchCommandsTest, DeleteTakesTopLevelRowsOnlyAndNeverTheInputRow)
@@ -212,6 +220,20 @@ TEST_F(WatchCommandsTest, TheMemoryViewGetsThePathThroughTheAncestors)
     EXPECT_EQ(service.requests[0].code, static_cast<unsigned>(DRQ_SHOW_MEMORY));
     EXPECT_EQ(service.requests[0].text, "s.a[03].x");
     EXPECT_EQ(service.requests[1].text, "s.b");
+
+    // An element of a top-level array follows its array directly.
+    WatchRecord arr = MakeRecord(WT_ARRAY, WS_DATA, 0x50, 3);
+    arr.count = 3;
+    service.Define("arr", arr);
+    service.DefineElements(WS_DATA, 0x50, {MakeRecord(3, WS_DATA, 0x50, 1), {1, 2, 3}, {1, 1, 1}});
+    Add("arr");
+    const int line = grid.GetItemCount() - 2;
+    grid.ToggleExpand(line);
+    grid.SelectItem(line + 3);
+    service.ClearRequests();
+    Input::Key('M', Input::kControl);
+    ASSERT_EQ(service.requests.size(), 1u);
+    EXPECT_EQ(service.requests[0].text, "arr[02]");
 }
 
 }  // namespace

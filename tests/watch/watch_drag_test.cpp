@@ -125,6 +125,15 @@ TEST_F(WatchDragTest, TextFromAnotherApplicationBecomesAnExpressionRow)
     EXPECT_EQ(GlobalMemory::BlockCount(), blocksAtStart);
 }
 
+TEST_F(WatchDragTest, DropsOnTheInputRowGoBeforeIt)
+{
+    DragLine(0, On(3));
+    EXPECT_EQ(Lines(), (Texts{"y", "z", "x", Prompt()}));
+    DropText("y", On(3));
+    EXPECT_EQ(Lines(), (Texts{"y", "z", "x", "y", Prompt()}));
+    EXPECT_EQ(grid.GetSelectedItem(), 3);
+}
+
 TEST_F(WatchDragTest, ARowDroppedElsewhereLeavesTheGridIdleForLaterTextDrops)
 {
     TestPane editor;
