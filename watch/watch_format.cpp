@@ -143,17 +143,16 @@ void FormatRow(CGridRow* row, BOOL bApplyDefault)
 {
     const WatchRecord* record = RecordOf(row);
     if (!record) return;
-    char* value = row->cells[kValueColumn].text;
     if (record->status == 0) {
         CString message;
         message.LoadString(record->errorId);  // an id without a string leaves it empty
-        CopyGbkText(message.str(), value, kGridCellTextBytes);
+        row->SetCellText(kValueColumn, message.str());
         return;
     }
     // The default format is set even where no value is shown.
     const CString text = FormatValue(row, bApplyDefault);
-    CopyGbkText(record->space == WS_NONE ? std::string_view("") : text.str(), value, kGridCellTextBytes);
-    CopyGbkText(AttributeText(*record).str(), row->cells[kAttributeColumn].text, kGridCellTextBytes);
+    row->SetCellText(kValueColumn, record->space == WS_NONE ? std::string_view("") : text.str());
+    row->SetCellText(kAttributeColumn, AttributeText(*record).str());
 }
 
 void ApplyDefaultFormat(CGridRow* row)
