@@ -65,7 +65,8 @@ void GridCellText::Clear() noexcept
 void GridCellText::Assign(std::string_view text)
 {
     text = text.substr(0, text.find('\0'));
-    const std::size_t n = GbkPrefixBytes(text, kMaxBytes);
+    // Only a longer text has a character to cut.
+    const std::size_t n = text.size() <= kMaxBytes ? text.size() : GbkPrefixBytes(text, kMaxBytes);
     // The old bytes stay until the new ones are in place: text may be them.
     char* old = OnHeap() ? Block() : nullptr;
     if (n > kInlineBytes) {
