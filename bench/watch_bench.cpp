@@ -222,29 +222,35 @@ void PaintPageAtLine(benchmark::State& state)
 }
 BENCHMARK(PaintPageAtLine)->Arg(0)->Arg(kDeepLine)->Unit(benchmark::kMicrosecond);
 
+// A watch with the array's expression added, not expanded.
+std::unique_ptr<Watch> WatchOfArray(const char* name)
+{
+    auto watch = std::make_unique<Watch>();
+    watch->grid.SendMessage(UWM_WATCH_ADD_EXPRESSION, reinterpret_cast<WPARAM>(name), 0);
+    return watch;
+}
+
 // An array's first expansion: one request for the count, one for all the
 // elements, a row made for each from the bytes. Reports what the expansion
-// keeps on the heap for each element and the most it held at once.
+// keeps on the heap for each element and the most it held at once, counted
+// in one more expansion outside the timing.
 void ExpandArray(benchmark::State& state, const char* name)
 {
-    double keptPerRow = 0;
-    double peakBytes = 0;
     for (auto _ : state) {
         state.PauseTiming();
-        auto watch = std::make_unique<Watch>();
-        watch->grid.SendMessage(UWM_WATCH_ADD_EXPRESSION, reinterpret_cast<WPARAM>(name), 0);
-        const std::size_t before = heap_counter::InUse();
-        heap_counter::ResetPeak();
+        auto watch = WatchOfArray(name);
         state.ResumeTiming();
         watch->grid.ToggleExpand(0);
         state.PauseTiming();
-        keptPerRow = static_cast<double>(heap_counter::InUse() - before) / ArrayNamed(name)->count;
-        peakBytes = static_cast<double>(heap_counter::Peak() - before);
         watch.reset();
         state.ResumeTiming();
     }
-    state.counters["kept_per_row"] = keptPerRow;
-    state.counters["peak_MiB"] = peakBytes / (1 << 20);
+    const auto watch = WatchOfArray(name);
+    heap_counter::Start();
+    watch->grid.ToggleExpand(0);
+    heap_counter::Stop();
+    state.counters["kept_per_row"] = static_cast<double>(heap_counter::Growth()) / ArrayNamed(name)->count;
+    state.counters["peak_MiB"] = static_cast<double>(heap_counter::PeakGrowth()) / (1 << 20);
 }
 
 void ExpandArray10000(benchmark::State& state)
@@ -265,16 +271,17 @@ BENCHMARK(ExpandArray65536)->Unit(benchmark::kMillisecond);
 void WatchRowHeapBytes(benchmark::State& state)
 {
     static Watch* watch = new Watch;
-    std::size_t held = 0;
+    std::ptrdiff_t held = 0;
     int cells = 0;
     for (auto _ : state) {
-        const std::size_t before = heap_counter::InUse();
+        heap_counter::Start();
         CGridRow* row = MakeWatchRow("");
         *RecordOf(row) = Scalar(0x100, 65);
         std::snprintf(RecordOf(row)->name, sizeof RecordOf(row)->name, "[%02d]", 1234);
         watch->grid.UpdateRow(row, FALSE);
         row->SetCellTextEdit(kExpressionColumn, TRUE, -1);
-        held = heap_counter::InUse() - before;
+        held = heap_counter::Growth();
+        heap_counter::Stop();
         cells = row->CellCount();
         delete row;
     }

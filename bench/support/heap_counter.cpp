@@ -8,26 +8,29 @@
 namespace {
 
 // The benchmarks run on one thread.
-std::size_t g_inUse = 0;
-std::size_t g_peak = 0;
+bool g_counting = false;
+std::ptrdiff_t g_growth = 0;
+std::ptrdiff_t g_peak = 0;
 
-std::size_t Held(void* p)
+std::ptrdiff_t Held(void* p)
 {
-    return malloc_usable_size(p) + sizeof(std::size_t);
+    return static_cast<std::ptrdiff_t>(malloc_usable_size(p) + sizeof(std::size_t));
 }
 
 void* Counted(void* p)
 {
     if (!p) throw std::bad_alloc();
-    g_inUse += Held(p);
-    if (g_inUse > g_peak) g_peak = g_inUse;
+    if (g_counting) {
+        g_growth += Held(p);
+        if (g_growth > g_peak) g_peak = g_growth;
+    }
     return p;
 }
 
 void Release(void* p) noexcept
 {
     if (!p) return;
-    g_inUse -= Held(p);
+    if (g_counting) g_growth -= Held(p);
     std::free(p);
 }
 
@@ -35,9 +38,16 @@ void Release(void* p) noexcept
 
 namespace heap_counter {
 
-std::size_t InUse() { return g_inUse; }
-std::size_t Peak() { return g_peak; }
-void ResetPeak() { g_peak = g_inUse; }
+void Start()
+{
+    g_growth = 0;
+    g_peak = 0;
+    g_counting = true;
+}
+
+void Stop() { g_counting = false; }
+std::ptrdiff_t Growth() { return g_growth; }
+std::ptrdiff_t PeakGrowth() { return g_peak; }
 
 }  // namespace heap_counter
 
