@@ -3,7 +3,6 @@
 // of 100,000 lines: the row on a line, appending rows, expanding one row.
 #include <benchmark/benchmark.h>
 
-#include <cstring>
 #include <memory>
 #include <string>
 #include <vector>
@@ -36,7 +35,7 @@ protected:
                 child->parent = row;
                 child->level = row->level + 1;
                 child->text = ("element[" + std::to_string(i) + "]").c_str();
-                std::strcpy(child->cells[1].text, "0x1234");
+                child->SetCellText(1, "0x1234");
                 row->children.AddRow(child);
             }
             return 0;

@@ -1,8 +1,9 @@
 // The watch at scale: finding the row on a line deep in 100,000 display lines
 // against one near the top, painting a page there against a page at the top,
-// expanding an array of 10,000 elements, and refreshing 1,000 expressions
-// against a service that answers at once. Each must cost what it looks at or
-// changes, not what lies before it.
+// expanding an array of 10,000 elements and one of 65,536 (all of xdata),
+// what a row holds, and refreshing 1,000 expressions against a service that
+// answers at once. Each must cost what it looks at or changes, not what lies
+// before it.
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
@@ -10,6 +11,7 @@
 #include <memory>
 #include <string>
 
+#include "bench/support/heap_counter.h"
 #include "host/host_messages.h"
 #include "host/host_records.h"
 #include "platform/core/paint.h"
@@ -25,6 +27,7 @@ constexpr int kMembers = 4;  // so 100,000 lines with every structure expanded
 constexpr int kDeepLine = 50000;
 constexpr int kShallowLine = 10;
 constexpr int kElements = 10000;
+constexpr int kXdataBytes = 65536;
 constexpr int kRefreshedRows = 1000;
 
 WatchRecord Scalar(std::uint32_t address, std::uint32_t value)
@@ -39,8 +42,29 @@ WatchRecord Scalar(std::uint32_t address, std::uint32_t value)
     return record;
 }
 
+// An array the service knows by name.
+struct BenchArray {
+    const char* name;
+    std::int32_t count;
+    std::uint32_t elementType;
+    std::uint32_t elementSize;
+};
+constexpr BenchArray kArrays[] = {
+    {"table", kElements, WT_INT, 2},
+    {"xdata", kXdataBytes, WT_CHAR, 1},
+};
+
+const BenchArray* ArrayNamed(const char* name)
+{
+    for (const BenchArray& array : kArrays) {
+        if (std::strcmp(name, array.name) == 0) return &array;
+    }
+    return nullptr;
+}
+
 // A service that answers at once: every expression is an int, "table" an
-// array of 10,000 ints handed over as one block.
+// array of 10,000 ints and "xdata" one of 65,536 chars, each handed over as
+// one block.
 class InstantService : public CWnd {
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
@@ -48,21 +72,26 @@ protected:
         if (message != UWM_DEBUG_REQUEST) return CWnd::WindowProc(message, wParam, lParam);
         auto* record = reinterpret_cast<WatchRecord*>(lParam);
         if (wParam > kLastDebugRequest) {
-            const bool table = std::strcmp(reinterpret_cast<const char*>(wParam), "table") == 0;
             *record = Scalar(0x100, 7);
-            if (table) {
+            if (const BenchArray* array = ArrayNamed(reinterpret_cast<const char*>(wParam))) {
                 record->type = WT_ARRAY;
-                record->size = 2 * kElements;
-                record->count = kElements;
+                record->size = array->elementSize * static_cast<std::uint32_t>(array->count);
+                record->count = array->count;
+                // The service's own note of which array this is.
+                record->serviceData1 = static_cast<std::uint32_t>(array - kArrays);
             }
         } else if (wParam == DRQ_GET_COUNT) {
-            record->count = record->type == WT_ARRAY ? kElements : 0;
+            record->count = record->type == WT_ARRAY ? kArrays[record->serviceData1].count : 0;
         } else if (wParam == DRQ_GET_ELEMENTS) {
             auto* block = reinterpret_cast<ElementBlock*>(lParam);
+            const BenchArray& array = kArrays[block->array->serviceData1];
+            const auto bytes = static_cast<std::size_t>(array.count) * array.elementSize;
             *block->element = Scalar(0x100, 0);
-            block->data = static_cast<std::uint8_t*>(std::calloc(2 * kElements, 1));
-            block->valid = static_cast<std::uint8_t*>(std::malloc(2 * kElements));
-            std::memset(block->valid, 1, 2 * kElements);
+            block->element->type = array.elementType;
+            block->element->size = array.elementSize;
+            block->data = static_cast<std::uint8_t*>(std::calloc(bytes, 1));
+            block->valid = static_cast<std::uint8_t*>(std::malloc(bytes));
+            std::memset(block->valid, 1, bytes);
         }
         return 0;
     }
@@ -193,22 +222,73 @@ void PaintPageAtLine(benchmark::State& state)
 }
 BENCHMARK(PaintPageAtLine)->Arg(0)->Arg(kDeepLine)->Unit(benchmark::kMicrosecond);
 
-// The array's first expansion: one request for the count, one for all the
-// elements, 10,000 rows made from the bytes.
-void ExpandArray10000(benchmark::State& state)
+// A watch with the array's expression added, not expanded.
+std::unique_ptr<Watch> WatchOfArray(const char* name)
+{
+    auto watch = std::make_unique<Watch>();
+    watch->grid.SendMessage(UWM_WATCH_ADD_EXPRESSION, reinterpret_cast<WPARAM>(name), 0);
+    return watch;
+}
+
+// An array's first expansion: one request for the count, one for all the
+// elements, a row made for each from the bytes. Reports what the expansion
+// keeps on the heap for each element and the most it held at once, counted
+// in one more expansion outside the timing.
+void ExpandArray(benchmark::State& state, const char* name)
 {
     for (auto _ : state) {
         state.PauseTiming();
-        auto watch = std::make_unique<Watch>();
-        watch->grid.SendMessage(UWM_WATCH_ADD_EXPRESSION, reinterpret_cast<WPARAM>("table"), 0);
+        auto watch = WatchOfArray(name);
         state.ResumeTiming();
         watch->grid.ToggleExpand(0);
         state.PauseTiming();
         watch.reset();
         state.ResumeTiming();
     }
+    const auto watch = WatchOfArray(name);
+    heap_counter::Start();
+    watch->grid.ToggleExpand(0);
+    heap_counter::Stop();
+    state.counters["kept_per_row"] = static_cast<double>(heap_counter::Growth()) / ArrayNamed(name)->count;
+    state.counters["peak_MiB"] = static_cast<double>(heap_counter::PeakGrowth()) / (1 << 20);
+}
+
+void ExpandArray10000(benchmark::State& state)
+{
+    ExpandArray(state, "table");
 }
 BENCHMARK(ExpandArray10000)->Unit(benchmark::kMillisecond);
+
+// All of an 8051's xdata as an array of chars.
+void ExpandArray65536(benchmark::State& state)
+{
+    ExpandArray(state, "xdata");
+}
+BENCHMARK(ExpandArray65536)->Unit(benchmark::kMillisecond);
+
+// A watch row with all four columns filled, an element's texts among them,
+// and its record, as the heap holds them.
+void WatchRowHeapBytes(benchmark::State& state)
+{
+    static Watch* watch = new Watch;
+    std::ptrdiff_t held = 0;
+    int cells = 0;
+    for (auto _ : state) {
+        heap_counter::Start();
+        CGridRow* row = MakeWatchRow("");
+        *RecordOf(row) = Scalar(0x100, 65);
+        std::snprintf(RecordOf(row)->name, sizeof RecordOf(row)->name, "[%02d]", 1234);
+        watch->grid.UpdateRow(row, FALSE);
+        row->SetCellTextEdit(kExpressionColumn, TRUE, -1);
+        held = heap_counter::Growth();
+        heap_counter::Stop();
+        cells = row->CellCount();
+        delete row;
+    }
+    state.counters["bytes"] = static_cast<double>(held);
+    state.counters["cells"] = cells;
+}
+BENCHMARK(WatchRowHeapBytes)->Unit(benchmark::kNanosecond);
 
 // A page in the middle of the expanded array against one at its top.
 void PaintPageInArray(benchmark::State& state)

@@ -2,7 +2,6 @@
 // rules that decide whether what was entered is committed.
 #include "grid/grid_ctrl.h"
 #include "host/resource_ids.h"
-#include "platform/text/field_text.h"
 
 std::uint32_t CGridCtrl::CurrentCellKind()
 {
@@ -47,13 +46,15 @@ void CGridCtrl::StartBoxEdit(BOOL bInitText)
     m_edit.SetFont(&m_font, TRUE);
     m_edit.MoveWindow(&box);
     m_edit.ShowWindow(SW_SHOW);
+    // Read before the box has its text: its notifications may change the row.
     const GridCell* cell = row->Cell(m_currentColumn);
+    const std::uint32_t limit = cell ? cell->limit : 0;
     if (bInitText) {
         CString text;
         if (m_currentColumn == 0) {
             if (!IsPlaceholderOrEmpty(row)) text = row->text;
         } else if (cell) {
-            text = FieldText(cell->text);
+            text = cell->text.View();
         }
         m_edit.SetWindowText(text);
         m_edit.SetSel(0, -1);
@@ -62,7 +63,7 @@ void CGridCtrl::StartBoxEdit(BOOL bInitText)
         // Typing and pasting start from an empty box, whatever the last edit left there.
         m_edit.Empty();
     }
-    if (cell && cell->limit != 0) m_edit.SetLimitText(cell->limit);
+    if (limit != 0) m_edit.SetLimitText(limit);
     m_edit.SetFocus();
 }
 

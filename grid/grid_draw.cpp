@@ -12,7 +12,6 @@
 #include "platform/gdi/brush.h"
 #include "platform/gdi/icon.h"
 #include "platform/gdi/pen.h"
-#include "platform/text/field_text.h"
 
 namespace {
 
@@ -131,7 +130,7 @@ void CGridCtrl::DrawColumn0(CGridRow* row, bool current, const GridLineGeometry&
     const int level = row->Level();
     CRect text = column;
     text.left += g.TextLeft(level);
-    ApplyCellColours(text, current && row->cells[0].kind != GCF_ICON);
+    ApplyCellColours(text, current && row->Cell(0)->kind != GCF_ICON);
     DrawCellText(text, static_cast<const char*>(row->text), false);
     if (row->HasChildren()) DrawExpandBox(row, g.ExpandBox(level));
     // A top-level row without children has no lines.
@@ -143,14 +142,14 @@ void CGridCtrl::DrawCell(CGridRow* row, int c, bool current, const GridLineGeome
 {
     const CRect r = ColumnRect(c, g);
     if (m_gridLines) m_memDC.Rectangle(&r);
-    const GridCell& cell = row->cells[c];
+    const GridCell& cell = *row->Cell(c);
     // An icon-only cell shows just its focus rectangle.
     ApplyCellColours(r, current && cell.kind != GCF_ICON);
     if (cell.kind & GCF_ICON) {
         DrawCellIcon(r, cell.value, current);
         return;
     }
-    DrawCellText(r, FieldText(cell.text), c == 1 && row->changed);
+    DrawCellText(r, cell.text.View(), c == 1 && row->changed);
 }
 
 void CGridCtrl::DrawCellText(CRect r, std::string_view text, bool changed)

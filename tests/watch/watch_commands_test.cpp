@@ -180,11 +180,11 @@ TEST_F(WatchCommandsTest, OneFormatForEveryShownLine)
     Choose(ID_WATCH_FORMAT_BIN);
     EXPECT_EQ(Cell(0, 1), "00001010");
     EXPECT_EQ(Cell(6, 1), "00000011");
-    EXPECT_EQ(grid.GetRowAt(6)->cells[2].value, WF_BINARY);
+    EXPECT_EQ(grid.GetRowAt(6)->Cell(2)->value, WF_BINARY);
     // The attribute is not rewritten, and the input row is left alone but for its format.
     EXPECT_EQ(Cell(0, 3), "data:0078, unsigned char");
     EXPECT_EQ(grid.GetRowAt(7)->format, WF_BINARY);
-    EXPECT_EQ(grid.GetRowAt(7)->cells[2].kind, 0u);
+    EXPECT_EQ(grid.GetRowAt(7)->Cell(2)->kind, 0u);
 
     // A member made later keeps the default its creation gave it.
     grid.ToggleExpand(5);

@@ -45,7 +45,7 @@ protected:
     std::string Cell(int line, int column)
     {
         CGridRow* row = grid.GetRowAt(line);
-        return row ? row->cells[column].text : "<none>";
+        return row ? std::string(row->CellText(column)) : "<none>";
     }
 
     // Types an expression over column 0 of a line (the last one unless

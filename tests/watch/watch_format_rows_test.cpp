@@ -42,8 +42,8 @@ TEST_F(WatchRowFormat, DefaultFormatFollowsTheSettingOrTheType)
         const auto row = RowOf(MakeRecord(c.type, WS_DATA, 0, 1, 0), WF_BINARY);
         ApplyDefaultFormat(row.get());
         EXPECT_EQ(row->format, c.format) << "mode " << c.mode << " type " << c.type;
-        EXPECT_TRUE(row->cells[kFormatColumn].kind & GCF_ICON) << "mode " << c.mode << " type " << c.type;
-        EXPECT_EQ(row->cells[kFormatColumn].value, c.format) << "mode " << c.mode << " type " << c.type;
+        EXPECT_TRUE(row->Cell(kFormatColumn)->kind & GCF_ICON) << "mode " << c.mode << " type " << c.type;
+        EXPECT_EQ(row->Cell(kFormatColumn)->value, c.format) << "mode " << c.mode << " type " << c.type;
     }
 }
 

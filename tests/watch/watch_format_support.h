@@ -55,8 +55,8 @@ struct RowTexts {
 inline RowTexts FormatRowOf(const WatchRecord& record, std::uint32_t format, BOOL bApplyDefault = FALSE)
 {
     const auto row = RowOf(record, format);
-    std::strcpy(row->cells[kValueColumn].text, "old value");
-    std::strcpy(row->cells[kAttributeColumn].text, "old attribute");
+    row->SetCellText(kValueColumn, "old value");
+    row->SetCellText(kAttributeColumn, "old attribute");
     FormatRow(row.get(), bApplyDefault);
-    return {row->cells[kValueColumn].text, row->cells[kAttributeColumn].text, row->format};
+    return {std::string(row->CellText(kValueColumn)), std::string(row->CellText(kAttributeColumn)), row->format};
 }

@@ -33,9 +33,9 @@ TEST_F(WatchRowsTest, ANewGridShowsOnlyTheInputRowSelectedNowhere)
     EXPECT_EQ(grid.GetStyle() & 0xFFFF, 0x1C05u);
     // Only the expression can be typed into the input row.
     const CGridRow* input = grid.GetRowAt(0);
-    EXPECT_EQ(input->cells[0].kind, GCF_TEXT_EDIT);
-    EXPECT_EQ(input->cells[1].kind, 0u);
-    EXPECT_EQ(input->cells[2].kind, 0u);
+    EXPECT_EQ(input->Cell(0)->kind, GCF_TEXT_EDIT);
+    EXPECT_EQ(input->Cell(1)->kind, 0u);
+    EXPECT_EQ(input->Cell(2)->kind, 0u);
     EXPECT_TRUE(service.requests.empty());
     EXPECT_STREQ(CRuntimeClass::FromName("CWatchGridCtrl")->m_lpszClassName, "CWatchGridCtrl");
 }
@@ -55,8 +55,8 @@ TEST_F(WatchRowsTest, CommittingOnTheInputRowEvaluatesAndAppendsANewInputRow)
     EXPECT_EQ(RecordOf(grid.GetRowAt(0))->address, 0x30u);
     EXPECT_EQ(Cell(0, 1), "7");
     EXPECT_EQ(Cell(0, 3), "data:0030, int");
-    EXPECT_EQ(grid.GetRowAt(0)->cells[1].kind, GCF_NUMBER_EDIT);
-    EXPECT_EQ(grid.GetRowAt(0)->cells[2].kind, GCF_ICON | GCF_LIST_EDIT);
+    EXPECT_EQ(grid.GetRowAt(0)->Cell(1)->kind, GCF_NUMBER_EDIT);
+    EXPECT_EQ(grid.GetRowAt(0)->Cell(2)->kind, GCF_ICON | GCF_LIST_EDIT);
 
     // The same text in capitals is the same expression: nothing is asked again.
     TypeExpression("X", 0);
@@ -123,7 +123,7 @@ TEST_F(WatchRowsTest, TheExpressionListRoundTripsThroughAnotherGrid)
     second.SendMessage(UWM_WATCH_EXPRESSIONS, reinterpret_cast<WPARAM>(&list), FALSE);
     EXPECT_EQ(second.GetItemCount(), 4);
     EXPECT_EQ(second.GetRowAt(1)->text, chinese.c_str());
-    EXPECT_STREQ(second.GetRowAt(1)->cells[3].text, "idata:0080, char, \"A\"");
+    EXPECT_EQ(second.GetRowAt(1)->CellText(3), "idata:0080, char, \"A\"");
     // Freshly evaluated, collapsed, children not made yet.
     EXPECT_EQ(service.Codes(), (std::vector<unsigned>(3, ScriptedDebugger::kEvaluate)));
     const CGridRow* point = second.GetRowAt(2);
@@ -193,7 +193,7 @@ TEST_F(WatchRowsTest, AFixedListTakesNoNewRowsAndNoExpressionEdits)
     Input::Key(VK_INSERT);
     TypeExpression("a", 0);
     EXPECT_EQ(Lines(), (Texts{"unused"}));
-    EXPECT_EQ(grid.GetRowAt(0)->cells[0].kind, 0u);
+    EXPECT_EQ(grid.GetRowAt(0)->Cell(0)->kind, 0u);
     EXPECT_FALSE(grid.EnsureInputRow());
     CGridRow* row = MakeWatchRow("y");
     EXPECT_EQ(grid.InsertRowAtLine(0, row), -1);

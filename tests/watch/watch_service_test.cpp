@@ -86,7 +86,7 @@ TEST_F(WatchServiceTest, ExpandingAStructureAsksForEachMemberInTurn)
     EXPECT_EQ(Cell(1, 1), "05");
     const CGridRow* nested = grid.GetRowAt(3);
     EXPECT_EQ(nested->Flags() & (GRF_SUBPARENT | GRF_COLLAPSED), GRF_SUBPARENT | GRF_COLLAPSED);
-    EXPECT_EQ(nested->cells[0].kind, 0u);
+    EXPECT_EQ(nested->Cell(0)->kind, 0u);
     EXPECT_EQ(nested->level, 1u);
 
     // A second expansion makes nothing anew: it re-reads the value rows.
