@@ -1,24 +1,22 @@
 // The bookmark and breakpoint views: a refresh that finds all 10,000 marks in
 // 100 files already shown, and the first refresh that builds every node.
-// Allocations made through operator new are counted: an unchanged refresh
-// should make the same few per file whatever the marks.
+// Allocations made through operator new are counted (by the tests' counting
+// allocator): an unchanged refresh should make the same few per file
+// whatever the marks.
 #include <benchmark/benchmark.h>
 
-#include <atomic>
-#include <cstdlib>
+#include <cstdio>
 #include <cstring>
 #include <memory>
-#include <new>
 #include <string>
 
 #include "marks/bookmark_tree_ctrl.h"
 #include "marks/breakpoint_tree_ctrl.h"
 #include "platform/core/thread.h"
 #include "platform/docking/frame_wnd.h"
+#include "tests/support/allocation_count.h"
 
 namespace {
-
-std::atomic<long> g_allocations{0};
 
 // A main frame that answers the views' two questions: the project's marks
 // and its path.
@@ -92,10 +90,10 @@ void UnchangedRefresh(benchmark::State& state)
 {
     Marks<View, List> marks(100, static_cast<int>(state.range(0)) / 100);
     marks.Refresh();
-    const long before = g_allocations.load();
+    const long before = AllocationCount::Total();
     for (auto _ : state) marks.Refresh();
     state.counters["allocs/refresh"] =
-        static_cast<double>(g_allocations.load() - before) / static_cast<double>(state.iterations());
+        static_cast<double>(AllocationCount::Total() - before) / static_cast<double>(state.iterations());
 }
 
 template <class View, class List>
@@ -117,19 +115,3 @@ BENCHMARK(UnchangedRefresh<CBreakPointListTreeCtrl, CBreakPointList>)->Arg(10000
 BENCHMARK(FirstRefresh<CBookMarkListTreeCtrl, CBookMarkList>)->Arg(10000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-// The counting allocator takes memory from malloc and gives it back to free;
-// GCC, seeing new and delete inlined together, takes free for a mismatch.
-#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
-
-void* operator new(std::size_t size)
-{
-    g_allocations.fetch_add(1, std::memory_order_relaxed);
-    if (void* p = std::malloc(size ? size : 1)) return p;
-    throw std::bad_alloc();
-}
-void* operator new[](std::size_t size) { return ::operator new(size); }
-void operator delete(void* p) noexcept { std::free(p); }
-void operator delete[](void* p) noexcept { std::free(p); }
-void operator delete(void* p, std::size_t) noexcept { std::free(p); }
-void operator delete[](void* p, std::size_t) noexcept { std::free(p); }
