@@ -81,18 +81,26 @@ void CFuncListTreeCtrl::UpdateView(const char* file, CFuncSeekItems* list)
     }
     const int count = GetViewMax(changed);
     HTREEITEM line = GetRootItem();
+    // One buffer for every line's text; nodes are read in place, so a line
+    // that is already right costs no copy and no message.
+    std::string text;
+    TreeItemPeek node;
     for (int i = 0; i < count; ++i) {
         CFuncSeekItem* entry = list->ItemAt(i);
         if (!entry) continue;
-        const CString text = GetTreeText(entry);
-        if (line) {
+        text.clear();
+        AppendTreeText(text, *entry);
+        const auto data = static_cast<LPARAM>(entry->line);
+        if (line && PeekItem(line, node)) {
             // A change of letter case alone does not rewrite a line.
-            if (_stricmp(GetItemText(line), text) != 0) SetItemText(line, text);
-            SetItemData(line, static_cast<DWORD_PTR>(static_cast<LPARAM>(entry->line)));
+            if (CompareFolded(node.text, text) != 0) SetItemText(line, text.c_str());
+            if (node.data != data) SetItemData(line, static_cast<DWORD_PTR>(data));
+            line = node.nextSibling;
         } else {
-            line = TreeInsertItem(text, entry->line, kImageFunction);
+            // Lines are added at the end, so nothing follows the new one.
+            TreeInsertItem(text.c_str(), entry->line, kImageFunction);
+            line = nullptr;
         }
-        line = GetNextSiblingItem(line);
     }
     while (line) {
         const HTREEITEM next = GetNextSiblingItem(line);
@@ -115,11 +123,21 @@ int CFuncListTreeCtrl::GetViewMax(bool warn)
 
 CString CFuncListTreeCtrl::GetTreeText(CFuncSeekItem* item) const
 {
-    CString text;
-    if (!item) return text;
-    if (!item->typeText.IsEmpty()) text.Format("%s %s%s", item->typeText.GetString(), item->name.GetString(), item->paramText.GetString());
-    else text.Format("%s%s", item->name.GetString(), item->paramText.GetString());
-    return text;
+    std::string text;
+    if (item) AppendTreeText(text, *item);
+    return CString(std::string_view(text));
+}
+
+void CFuncListTreeCtrl::AppendTreeText(std::string& out, const CFuncSeekItem& item)
+{
+    // "type name(params)", or "name(params)" without a type; each part ends
+    // at its first zero byte, as a C string would.
+    if (!item.typeText.IsEmpty()) {
+        out += std::string_view(item.typeText.GetString());
+        out += ' ';
+    }
+    out += std::string_view(item.name.GetString());
+    out += std::string_view(item.paramText.GetString());
 }
 
 HTREEITEM CFuncListTreeCtrl::TreeInsertItem(const char* text, long data, int image)

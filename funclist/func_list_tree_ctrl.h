@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "funclist/func_seek_items.h"
 #include "host/host_messages.h"
@@ -32,6 +33,8 @@ public:
     // Lines to show; with warn, a list of more than the cap is announced first.
     int GetViewMax(bool warn);
     CString GetTreeText(CFuncSeekItem* item) const;
+    // Appends a line's text, as GetTreeText makes it, to out.
+    static void AppendTreeText(std::string& out, const CFuncSeekItem& item);
     HTREEITEM TreeInsertItem(const char* text, long data, int image);
     // Selects the next entry whose name starts with the character.
     void EditVarSeekLetter(UINT ch);

@@ -15,18 +15,12 @@
 #include "host/show_menu.h"
 #include "host/view_keys.h"
 #include "marks/mark_lists.h"
+#include "marks/mark_text.h"
 #include "platform/controls/tree_ctrl.h"
 #include "platform/core/input_state.h"
 #include "platform/gdi/image_list.h"
 #include "platform/text/field_text.h"
 #include "siblings/orv_project_misc.h"
-
-// Position texts shorter than this many bytes are padded with spaces, so that
-// the marks' texts line up in a fixed-pitch font.
-constexpr int kMarkPositionWidth = 25;
-
-// "(文件:%s, 行:%d)": file and line of a mark, in GBK.
-inline constexpr char kMarkPositionFormat[] = "(\xCE\xC4\xBC\xFE:%s, \xD0\xD0:%d)";
 
 inline DWORD EncodeMarkData(int fileIndex, int entryIndex)
 {
@@ -119,46 +113,35 @@ protected:
 
     // Walks the nodes in step with one group's marks: rewrites what differs,
     // appends what is missing. Returns the first node this group did not use.
+    // Nodes are read in place and texts made in one buffer, so a node that is
+    // already right costs no copy, no allocation and no message.
     HTREEITEM RefreshBranch(Group* group, HTREEITEM node, long fileIndex)
     {
         if (!group) return nullptr;
-        const CString file = group->file;
+        m_texts.BeginFile(group->file, m_baseDirectory);
         const int marks = std::min(group->GetSize(), kMaxMarksPerGroup);
+        TreeItemPeek peek;
         for (int e = 0; e < marks; ++e) {
             Item* item = group->ItemAt(e);
             if (!item) return nullptr;
-            const CString text = GetTreeText(file, item);
+            // The host may fill the whole field without a terminator.
+            const std::string& text = m_texts.Text(item->line, FieldText(item->text));
             const DWORD data = EncodeMarkData(static_cast<int>(fileIndex), e);
             const int image = Traits::ImageOf(*item, m_hold);
-            if (!node) {
-                node = TreeInsertItem(nullptr, text, static_cast<long>(data), image);
-            } else {
-                if (GetItemText(node).Compare(text) != 0) SetItemText(node, text);
-                if (static_cast<DWORD>(GetItemData(node)) != data) SetItemData(node, data);
-                if constexpr (Traits::kRefreshesImages) {
-                    int normal = 0;
-                    int selected = 0;
-                    GetItemImage(node, normal, selected);
-                    if (normal != image) SetItemImage(node, image, image);
-                }
+            if (!node || !PeekItem(node, peek)) {
+                // Nodes are added at the end, so nothing follows the new one.
+                TreeInsertItem(nullptr, text.c_str(), static_cast<long>(data), image);
+                node = nullptr;
+                continue;
             }
-            node = GetNextSiblingItem(node);
+            if (peek.text != text) SetItemText(node, text.c_str());
+            if (static_cast<DWORD>(peek.data) != data) SetItemData(node, data);
+            if constexpr (Traits::kRefreshesImages) {
+                if (peek.image != image) SetItemImage(node, image, image);
+            }
+            node = peek.nextSibling;
         }
         return node;
-    }
-
-    // "(文件:<path relative to the project>, 行:<line>)", padded to
-    // kMarkPositionWidth bytes, then the mark's text.
-    CString GetTreeText(CString file, Item* item)
-    {
-        char relative[kPathBytes];
-        PathRelativePathToEx(relative, file, m_baseDirectory);
-        CString text;
-        text.Format(kMarkPositionFormat, relative, item->line);
-        if (text.GetLength() < kMarkPositionWidth) text += CString(' ', kMarkPositionWidth - text.GetLength());
-        // The host may fill the whole field without a terminator.
-        text += CString(FieldText(item->text));
-        return text;
     }
 
     HTREEITEM TreeInsertItem(HTREEITEM parent, const char* text, long data, int image)
@@ -215,4 +198,5 @@ protected:
     std::int32_t m_hold = 0;
     char m_baseDirectory[kPathBytes];
     std::int32_t m_menuLoop = 0;
+    CMarkTextMaker m_texts;
 };

@@ -44,12 +44,7 @@ bool RichEditControl::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT
         return true;
     }
     case WM_ERASEBKGND:
-        if (CDC* dc = CDC::FromHandle(reinterpret_cast<HDC>(wParam))) {
-            CRect client;
-            m_wnd->GetClientRect(&client);
-            dc->FillSolidRect(&client, Background());
-        }
-        *result = 1;
+        *result = 1;  // painting fills the whole area it paints
         return true;
     case WM_SETREDRAW:
         *result = m_wnd->CWnd::DefWindowProc(message, wParam, lParam);

@@ -16,12 +16,6 @@ Metrics MakeMetrics(const CRect& client, const gdi::FontMetrics& font)
     return m;
 }
 
-int CharAdvance(const Metrics& m, const std::string& text, int offset, int x)
-{
-    if (text[static_cast<size_t>(offset)] == '\t') return (x / m.tabWidth + 1) * m.tabWidth - x;
-    return m.font.Advance(GbkCharLength(text, static_cast<size_t>(offset)));
-}
-
 int TextX(const Metrics& m, const std::string& text, int offset)
 {
     const int end = std::min(offset, static_cast<int>(text.size()));

@@ -8,6 +8,7 @@
 
 #include "platform/core/win_types.h"
 #include "platform/gdi/font_model.h"
+#include "platform/text/gbk.h"
 
 namespace richedit {
 
@@ -29,7 +30,12 @@ struct Metrics {
 Metrics MakeMetrics(const CRect& client, const gdi::FontMetrics& font);
 
 // Advance of the character at offset when it starts at x (text coordinates).
-int CharAdvance(const Metrics& m, const std::string& text, int offset, int x);
+// Inline: painting and hit testing take it for every character.
+inline int CharAdvance(const Metrics& m, const std::string& text, int offset, int x)
+{
+    if (text[static_cast<size_t>(offset)] == '\t') return (x / m.tabWidth + 1) * m.tabWidth - x;
+    return m.font.Advance(GbkCharLength(text, static_cast<size_t>(offset)));
+}
 // x of the boundary at offset (a character boundary), from the text's start.
 int TextX(const Metrics& m, const std::string& text, int offset);
 // The character boundary nearest x: a click on a character's left half goes

@@ -302,6 +302,19 @@ BOOL TreeControl::OnGetItem(TVITEM* out)
     return TRUE;
 }
 
+bool TreeControl::Peek(HTREEITEM handle, TreeItemPeek& peek) const
+{
+    const Slot slot = Resolve(handle);
+    if (slot == kNone) return false;
+    const Item& item = m_model.At(slot);
+    peek.text = item.text;
+    peek.data = item.data;
+    peek.image = item.image;
+    peek.selectedImage = item.selectedImage;
+    peek.nextSibling = m_model.HandleOf(item.next);
+    return true;
+}
+
 BOOL TreeControl::OnSetItem(const TVITEM* in)
 {
     if (!in) return FALSE;

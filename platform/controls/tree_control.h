@@ -29,6 +29,9 @@ public:
     // Draws the rows that meet clip (client coordinates) into dc.
     void Paint(CDC& dc, const CRect& clip);
 
+    // CTreeCtrl::PeekItem.
+    bool Peek(HTREEITEM handle, TreeItemPeek& peek) const;
+
 private:
     // ---- messages (tree_control.cpp)
     HTREEITEM OnInsertItem(const TVINSERTSTRUCT* insert);

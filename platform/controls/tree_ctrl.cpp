@@ -199,6 +199,11 @@ UINT CTreeCtrl::GetItemState(HTREEITEM hItem, UINT nStateMask) const
     return GetItem(&item) ? item.state & nStateMask : 0;
 }
 
+bool CTreeCtrl::PeekItem(HTREEITEM hItem, TreeItemPeek& peek) const
+{
+    return m_hWnd && m_control->Peek(hItem, peek);
+}
+
 BOOL CTreeCtrl::GetItemRect(HTREEITEM hItem, LPRECT lpRect, BOOL bTextOnly) const
 {
     if (!lpRect) return FALSE;

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <memory>
+#include <string_view>
 
 #include "platform/core/wnd.h"
 
@@ -152,6 +153,17 @@ struct NMTVKEYDOWN {
     UINT flags = 0;
 };
 
+// An item as the control holds it, read without a message or a copy: for
+// views that walk their nodes comparing them with what they would show. The
+// text stays valid until the item or the tree next changes.
+struct TreeItemPeek {
+    std::string_view text;
+    LPARAM data = 0;
+    int image = 0;
+    int selectedImage = 0;
+    HTREEITEM nextSibling = nullptr;
+};
+
 class AFX_EXT_CLASS CTreeCtrl : public CWnd {
 public:
     CTreeCtrl();
@@ -198,6 +210,10 @@ public:
     BOOL GetItemImage(HTREEITEM hItem, int& nImage, int& nSelectedImage) const;
     BOOL SetItemImage(HTREEITEM hItem, int nImage, int nSelectedImage);
     UINT GetItemState(HTREEITEM hItem, UINT nStateMask) const;
+    // Reads an item straight from the control; a read changes nothing, so no
+    // message is sent. False, leaving peek alone, for anything that is not
+    // an item of this tree.
+    bool PeekItem(HTREEITEM hItem, TreeItemPeek& peek) const;
     BOOL GetItemRect(HTREEITEM hItem, LPRECT lpRect, BOOL bTextOnly) const;
 
     UINT GetCount() const;

@@ -35,7 +35,6 @@ TreeModel::TreeModel()
 void TreeModel::Clear()
 {
     m_items.clear();
-    m_items.shrink_to_fit();
     m_free.clear();
     m_free.shrink_to_fit();
     m_rows.clear();

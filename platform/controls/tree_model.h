@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -38,6 +39,35 @@ struct Item {
 };
 
 enum class Where { First, Last, After };
+
+// The items in chunks of fixed size: growing the tree never moves the items
+// already there, and a chunk is small enough to come from the heap rather
+// than from fresh pages.
+class ItemStore {
+public:
+    size_t size() const { return m_size; }
+    Item& operator[](Slot slot) { return m_chunks[slot >> kChunkBits][slot & kChunkMask]; }
+    const Item& operator[](Slot slot) const { return m_chunks[slot >> kChunkBits][slot & kChunkMask]; }
+    // Adds a default item at the end.
+    void emplace_back()
+    {
+        if (m_size == m_chunks.size() << kChunkBits) m_chunks.push_back(std::make_unique<Item[]>(size_t(1) << kChunkBits));
+        ++m_size;
+    }
+    // Frees every item.
+    void clear()
+    {
+        m_chunks.clear();
+        m_chunks.shrink_to_fit();
+        m_size = 0;
+    }
+
+private:
+    static constexpr int kChunkBits = 8;
+    static constexpr Slot kChunkMask = (Slot(1) << kChunkBits) - 1;
+    std::vector<std::unique_ptr<Item[]>> m_chunks;
+    size_t m_size = 0;
+};
 
 class TreeModel {
 public:
@@ -90,7 +120,7 @@ private:
     void Free(Slot slot);
     void Unlink(Slot slot);
 
-    std::vector<Item> m_items;
+    ItemStore m_items;
     std::vector<Slot> m_free;
     std::vector<Slot> m_rows;
     bool m_rowsDirty = true;

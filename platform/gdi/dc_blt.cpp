@@ -76,6 +76,13 @@ BOOL CDC::BitBlt(int x, int y, int width, int height, CDC* source, int srcX, int
     const std::uint32_t bkPixel = ColorRefToPixel(m_state.bkColor);
     const std::uint32_t srcBk = ColorRefToPixel(source->m_state.bkColor);
     const int n = area.Width();
+    if (src.surface != dst.surface && src.mono == dst.mono) {
+        // Two surfaces never overlap: each row goes straight across.
+        for (int row = 0; row < area.Height(); ++row)
+            ApplyRow(op, dst.surface->Row(area.top + row) + area.left,
+                     src.surface->Row(static_cast<int>(area.top + row + shiftY)) + (area.left + shiftX), n);
+        return TRUE;
+    }
     std::vector<std::uint32_t> rows(static_cast<size_t>(n) * static_cast<size_t>(area.Height()));
     // Read every source row first so that a copy within one surface works
     // whatever the overlap.

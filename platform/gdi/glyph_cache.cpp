@@ -8,6 +8,7 @@
 #include <ft2build.h>
 #include FT_FREETYPE_H
 
+#include "platform/gdi/glyph_cells.h"
 #include "platform/text/gbk.h"
 
 namespace gdi {
@@ -25,6 +26,7 @@ struct GlyphCache::Impl {
     std::vector<FontFile> fonts;
     std::unordered_map<int, int> fontForHeight;      // pixel height -> index into fonts
     std::unordered_map<std::uint64_t, Glyph> glyphs;  // font index << 32 | GBK code
+    std::vector<std::unique_ptr<GlyphCells>> cells;   // a few: one per height and weight in use
 
     ~Impl() { Drop(); }
 
@@ -35,6 +37,7 @@ struct GlyphCache::Impl {
         fonts.clear();
         fontForHeight.clear();
         glyphs.clear();
+        cells.clear();
         scanned = false;
     }
 
@@ -142,6 +145,19 @@ const Glyph* GlyphCache::Find(int pixelHeight, std::uint32_t gbkCode)
     if (it == m_impl->glyphs.end())
         it = m_impl->glyphs.emplace(key, m_impl->Render(m_impl->fonts[static_cast<size_t>(index)], gbkCode)).first;
     return &it->second;
+}
+
+GlyphCells& GlyphCache::CellsFor(const FontMetrics& metrics)
+{
+    auto& cells = m_impl->cells;
+    for (size_t i = 0; i < cells.size(); ++i) {
+        if (!cells[i]->Fits(metrics)) continue;
+        // The last one asked for is found first next time.
+        if (i > 0) std::swap(cells[0], cells[i]);
+        return *cells[0];
+    }
+    cells.insert(cells.begin(), std::make_unique<GlyphCells>(metrics));
+    return *cells[0];
 }
 
 void GlyphCache::SetFontDirectory(const std::string& directory)

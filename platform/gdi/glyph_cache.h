@@ -13,6 +13,9 @@
 
 namespace gdi {
 
+class GlyphCells;
+struct FontMetrics;
+
 struct Glyph {
     bool missing = false;  // the font has no such character
     int left = 0;          // ink offset from the cell's left edge
@@ -35,6 +38,9 @@ public:
     const Glyph* Find(int pixelHeight, std::uint32_t gbkCode);
     // Pixel size of the font used for pixelHeight, 0 when there are none.
     int FontSizeFor(int pixelHeight);
+    // The character cells of text drawn with these metrics, kept until the
+    // font directory changes.
+    GlyphCells& CellsFor(const FontMetrics& metrics);
 
     // Looks for fonts in another folder from now on, dropping everything
     // loaded (for tests).

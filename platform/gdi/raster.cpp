@@ -1,6 +1,7 @@
 #include "platform/gdi/raster.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace gdi {
 
@@ -16,14 +17,31 @@ std::uint32_t Target::Pixel(COLORREF color) const
     return mono ? MonoPixel(pixel) : pixel;
 }
 
+void FillSpan(std::uint32_t* span, size_t count, std::uint32_t pixel)
+{
+    // Short spans are not worth a library call; longer ones are doubled by
+    // memcpy, which moves far more than a pixel per store.
+    constexpr size_t kSeed = 16;
+    if (count <= kSeed) {
+        for (size_t i = 0; i < count; ++i) span[i] = pixel;
+        return;
+    }
+    for (size_t i = 0; i < kSeed; ++i) span[i] = pixel;
+    for (size_t done = kSeed; done < count;) {
+        const size_t chunk = std::min(done, count - done);
+        std::memcpy(span + done, span, chunk * sizeof *span);
+        done += chunk;
+    }
+}
+
 void FillPixels(const Target& t, const CRect& rect, std::uint32_t pixel)
 {
     CRect r;
     if (!t.surface || !r.IntersectRect(rect, t.clip)) return;
-    for (int y = r.top; y < r.bottom; ++y) {
-        std::uint32_t* row = t.surface->Row(y);
-        std::fill(row + r.left, row + r.right, pixel);
-    }
+    const size_t width = static_cast<size_t>(r.Width());
+    const std::uint32_t* first = t.surface->Row(r.top) + r.left;
+    FillSpan(t.surface->Row(r.top) + r.left, width, pixel);
+    for (int y = r.top + 1; y < r.bottom; ++y) std::memcpy(t.surface->Row(y) + r.left, first, width * sizeof *first);
 }
 
 void XorPixels(const Target& t, const CRect& rect, std::uint32_t mask)

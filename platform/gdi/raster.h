@@ -2,6 +2,7 @@
 // inside target.clip, which always lies inside the surface.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "platform/gdi/surface.h"
@@ -39,6 +40,8 @@ inline void PutPixel(const Target& t, int x, int y, std::uint32_t pixel)
     if (t.Visible(x, y)) t.surface->Row(y)[x] = pixel;
 }
 
+// Sets count pixels from span on.
+void FillSpan(std::uint32_t* span, size_t count, std::uint32_t pixel);
 // Fills rect (surface pixels, right/bottom exclusive) after clipping.
 void FillPixels(const Target& t, const CRect& rect, std::uint32_t pixel);
 // XORs every pixel of rect with mask.

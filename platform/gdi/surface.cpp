@@ -1,6 +1,9 @@
 #include "platform/gdi/surface.h"
 
 #include <algorithm>
+#include <cstring>
+
+#include "platform/gdi/raster.h"
 
 Surface::Surface(int width, int height, std::uint32_t fill)
 {
@@ -25,12 +28,19 @@ void Surface::Resize(int width, int height, std::uint32_t fill)
     if (width == 0 || height == 0) width = height = 0;
     m_width = width;
     m_height = height;
-    m_pixels.assign(static_cast<size_t>(width) * static_cast<size_t>(height), fill & 0x00FFFFFFu);
+    // Zeroed storage comes from a memset; any other colour is laid over it
+    // by the span fill, which stores far more than a pixel at a time.
+    const size_t count = static_cast<size_t>(width) * static_cast<size_t>(height);
+    m_pixels.clear();
+    m_pixels.resize(count);
+    if (fill & 0x00FFFFFFu) gdi::FillSpan(m_pixels.data(), count, fill & 0x00FFFFFFu);
 }
 
 void Surface::Fill(std::uint32_t pixel)
 {
-    std::fill(m_pixels.begin(), m_pixels.end(), pixel & 0x00FFFFFFu);
+    pixel &= 0x00FFFFFFu;
+    if (pixel == 0) std::memset(m_pixels.data(), 0, m_pixels.size() * sizeof pixel);
+    else gdi::FillSpan(m_pixels.data(), m_pixels.size(), pixel);
 }
 
 Surface Surface::Copy(const CRect& area) const

@@ -5,25 +5,6 @@
 
 #include "platform/text/gbk.h"
 
-int AsciiToLower(int byte)
-{
-    byte &= 0xFF;
-    return (byte >= 'A' && byte <= 'Z') ? byte + ('a' - 'A') : byte;
-}
-
-int CompareFolded(std::string_view a, std::string_view b)
-{
-    const size_t n = std::min(a.size(), b.size());
-    for (size_t i = 0; i < n; ++i) {
-        const int ca = AsciiToLower(static_cast<unsigned char>(a[i]));
-        const int cb = AsciiToLower(static_cast<unsigned char>(b[i]));
-        if (ca != cb) return ca - cb;
-    }
-    if (a.size() < b.size()) return -AsciiToLower(static_cast<unsigned char>(b[n]));
-    if (b.size() < a.size()) return AsciiToLower(static_cast<unsigned char>(a[n]));
-    return 0;
-}
-
 int _strnicmp(const char* a, const char* b, size_t count)
 {
     if (!a || !b) return a ? 1 : (b ? -1 : 0);
@@ -45,7 +26,7 @@ bool GbkMatchesFoldedAt(std::string_view hay, size_t pos, std::string_view needl
         if (length == 2) {
             if (hay.compare(pos + i, 2, needle, i, 2) != 0) return false;
         } else if (matchCase ? hay[pos + i] != needle[i]
-                             : AsciiToLower(static_cast<unsigned char>(hay[pos + i])) != AsciiToLower(static_cast<unsigned char>(needle[i]))) {
+                             : AsciiToLower(hay[pos + i]) != AsciiToLower(needle[i])) {
             return false;
         }
         i += static_cast<size_t>(length);

@@ -39,13 +39,6 @@ std::string Convert(const char* to, const char* from, std::string_view input, si
 
 }  // namespace
 
-int GbkCharLength(std::string_view text, size_t pos)
-{
-    if (pos >= text.size()) return 0;
-    if (IsDBCSLeadByte(static_cast<unsigned char>(text[pos])) && pos + 1 < text.size() && text[pos + 1] != '\0') return 2;
-    return 1;
-}
-
 size_t GbkPrefixBytes(std::string_view text, size_t maxBytes)
 {
     size_t used = 0;

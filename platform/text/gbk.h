@@ -11,8 +11,13 @@
 constexpr bool IsDBCSLeadByte(unsigned char byte) { return byte >= 0x81 && byte <= 0xFE; }
 
 // Bytes of the character that starts at text[pos]: 2 for a lead byte followed
-// by a trail byte, else 1. A lead byte at the end of the text counts as 1.
-AFX_API int GbkCharLength(std::string_view text, size_t pos);
+// by a trail byte, else 1. A lead byte at the end of the text counts as 1,
+// and pos at or past the end gives 0. Inline: text loops call it per byte.
+inline int GbkCharLength(std::string_view text, size_t pos)
+{
+    if (pos >= text.size()) return 0;
+    return IsDBCSLeadByte(static_cast<unsigned char>(text[pos])) && pos + 1 < text.size() && text[pos + 1] != '\0' ? 2 : 1;
+}
 
 // Bytes of the longest prefix of whole characters that is at most maxBytes long.
 AFX_API size_t GbkPrefixBytes(std::string_view text, size_t maxBytes);

@@ -131,6 +131,10 @@ TEST_F(TreeModel, StaleAndForeignHandlesFailWithoutEffect)
         EXPECT_EQ(tree.GetNextSiblingItem(bad), nullptr);
         EXPECT_EQ(tree.GetNextItem(bad, TVGN_NEXTVISIBLE), nullptr);
         EXPECT_EQ(tree.InsertItem("child", bad), nullptr);
+        TreeItemPeek peek;
+        peek.data = 42;
+        EXPECT_FALSE(tree.PeekItem(bad, peek));
+        EXPECT_EQ(peek.data, 42);
     }
     EXPECT_EQ(tree.GetSelectedItem(), nullptr);
     EXPECT_EQ(tree.GetCount(), 2u);
@@ -304,6 +308,38 @@ TEST_F(TreeModel, GetItemTextReturnsLongTextWhole)
     const std::string edge = std::string(254, 'a') + GBK(u8"字");
     tree.SetItemText(h, edge.c_str());
     EXPECT_EQ(tree.GetItemText(h).str(), edge);
+}
+
+TEST_F(TreeModel, PeekReadsWhatTheMessagesReadWithoutSendingAny)
+{
+    const HTREEITEM first = tree.InsertItem(GBK(u8"第一").c_str(), 3, 4);
+    const HTREEITEM child = tree.InsertItem("child", first);
+    const HTREEITEM second = tree.InsertItem("second");
+    tree.SetItemData(first, 0xFEED);
+    MessageSpy::Counter gets(tree.GetSafeHwnd(), TVM_GETITEM);
+    MessageSpy::Counter walks(tree.GetSafeHwnd(), TVM_GETNEXTITEM);
+
+    TreeItemPeek peek;
+    ASSERT_TRUE(tree.PeekItem(first, peek));
+    EXPECT_EQ(peek.text, GBK(u8"第一"));
+    EXPECT_EQ(peek.data, 0xFEED);
+    EXPECT_EQ(peek.image, 3);
+    EXPECT_EQ(peek.selectedImage, 4);
+    EXPECT_EQ(peek.nextSibling, second);  // the sibling, not the child
+    ASSERT_TRUE(tree.PeekItem(child, peek));
+    EXPECT_EQ(peek.nextSibling, nullptr);
+    ASSERT_TRUE(tree.PeekItem(second, peek));
+    EXPECT_EQ(peek.nextSibling, nullptr);
+    EXPECT_EQ(gets.Count() + walks.Count(), 0);
+
+    // A renamed item shows its new text; a deleted one is no longer found.
+    tree.SetItemText(first, "renamed");
+    ASSERT_TRUE(tree.PeekItem(first, peek));
+    EXPECT_EQ(peek.text, "renamed");
+    tree.DeleteItem(second);
+    EXPECT_FALSE(tree.PeekItem(second, peek));
+    ASSERT_TRUE(tree.PeekItem(first, peek));
+    EXPECT_EQ(peek.nextSibling, nullptr);
 }
 
 TEST_F(TreeModel, SetItemChangesWhatTheMaskNames)

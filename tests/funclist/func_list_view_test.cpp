@@ -12,6 +12,7 @@
 #include "platform/menu/menu_driver.h"
 #include "platform/text/gbk.h"
 #include "siblings/orv_project_misc.h"
+#include "tests/support/allocation_count.h"
 #include "tests/support/test_host.h"
 #include "tests/support/test_pane.h"
 
@@ -159,6 +160,23 @@ TEST_F(FuncListView, ARefreshKeepsCaseOnlyChangesButTakesNewLineNumbers)
     EXPECT_EQ(std::string(view.GetItemText(Lines()[0])), "void Main(void)");
     EXPECT_EQ(view.GetItemData(Lines()[0]), 99u);
     EXPECT_EQ(setItems.Count(), 1);  // the data only
+}
+
+TEST_F(FuncListView, AnUnchangedShowAllocatesNothingPerLine)
+{
+    SKIP_WITHOUT_ALLOCATION_COUNT();
+    const auto unchangedShow = [this](CFuncSeekItems* list) {
+        Show("a.c", list);
+        const long before = AllocationCount::Total();
+        Show("a.c", list);
+        return AllocationCount::Total() - before;
+    };
+    const auto few = Many(10);
+    const auto many = Many(1000);
+    const long forFew = unchangedShow(few.get());
+    const long forMany = unchangedShow(many.get());
+    EXPECT_EQ(Lines().size(), 1000u);
+    EXPECT_EQ(forMany, forFew);
 }
 
 TEST_F(FuncListView, LetterSearchStepsThroughInitials)
