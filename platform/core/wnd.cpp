@@ -61,6 +61,21 @@ LRESULT CWnd::Default()
     return DefWindowProc(current.message, current.wParam, current.lParam);
 }
 
+BOOL CWnd::ReflectMeasureItem(const CWnd* parent, const MEASUREITEMSTRUCT* measure, WPARAM wParam, LPARAM lParam,
+                              LRESULT* pResult)
+{
+    const CWnd* child = measure->CtlType != ODT_MENU ? parent->GetDlgItem(static_cast<int>(measure->CtlID)) : nullptr;
+    return child && ReflectLastMsg(child->m_hWnd, WM_MEASUREITEM, wParam, lParam, pResult);
+}
+
+void CWnd::OnMeasureItem(int, LPMEASUREITEMSTRUCT lpMeasureItemStruct)
+{
+    const CurrentMessage& current = CurrentMessage::Get();
+    LRESULT result = 0;
+    if (lpMeasureItemStruct && ReflectMeasureItem(this, lpMeasureItemStruct, current.wParam, current.lParam, &result)) return;
+    Default();
+}
+
 BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
     if (message == WM_COMMAND) {
@@ -79,9 +94,7 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult
                 return TRUE;
             }
         } else if (message == WM_MEASUREITEM && lParam) {
-            const auto* measure = reinterpret_cast<const MEASUREITEMSTRUCT*>(lParam);
-            const CWnd* child = measure->CtlType != ODT_MENU ? GetDlgItem(static_cast<int>(measure->CtlID)) : nullptr;
-            if (child && ReflectLastMsg(child->m_hWnd, message, wParam, lParam, pResult)) {
+            if (ReflectMeasureItem(this, reinterpret_cast<const MEASUREITEMSTRUCT*>(lParam), wParam, lParam, pResult)) {
                 *pResult = TRUE;
                 return TRUE;
             }

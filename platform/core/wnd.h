@@ -118,6 +118,8 @@ protected:
     virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
     BOOL ReflectChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
     static BOOL ReflectLastMsg(HWND hWndChild, UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+    static BOOL ReflectMeasureItem(const CWnd* parent, const MEASUREITEMSTRUCT* measure, WPARAM wParam, LPARAM lParam,
+                                   LRESULT* pResult);
 
     virtual BOOL PreCreateWindow(CREATESTRUCT& cs);
     // Called after the window is gone; the object may delete itself here.
@@ -132,6 +134,8 @@ protected:
     void OnSetFocus(CWnd*) { Default(); }
     void OnKillFocus(CWnd*) { Default(); }
     void OnContextMenu(CWnd*, CPoint) { Default(); }
+    // Offers an item request to the control it names, as an unhandled one is.
+    void OnMeasureItem(int nIDCtl, LPMEASUREITEMSTRUCT lpMeasureItemStruct);
     void OnLButtonDown(UINT, CPoint) { Default(); }
     void OnLButtonUp(UINT, CPoint) { Default(); }
     void OnLButtonDblClk(UINT, CPoint) { Default(); }

@@ -1,0 +1,5 @@
+#include "panes/dock_bar_func_list.h"
+
+CDockBarFuncList::CDockBarFuncList() = default;
+
+CDockBarFuncList::~CDockBarFuncList() = default;

@@ -1,0 +1,50 @@
+#include "siblings/work_space_tree1.h"
+
+#include "platform/menu/popup_menu.h"
+#include "siblings/orv_project_misc.h"
+
+BEGIN_MESSAGE_MAP(CWorkSpaceTree1, CTreeCtrl)
+    ON_COMMAND(ID_WORKSPACE_REFRESH, &CWorkSpaceTree1::OnRefresh)
+END_MESSAGE_MAP()
+
+CWorkSpaceTree1::CWorkSpaceTree1() = default;
+
+CWorkSpaceTree1::~CWorkSpaceTree1() = default;
+
+BOOL CWorkSpaceTree1::Create(CWnd* pParentWnd)
+{
+    constexpr DWORD kStyles = WS_VISIBLE | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS;
+    if (!CTreeCtrl::Create(kStyles, CRect(0, 0, 100, 100), pParentWnd, 0)) return FALSE;
+    Fill();
+    return TRUE;
+}
+
+void CWorkSpaceTree1::SetGroups(std::vector<WorkSpaceGroup> groups)
+{
+    m_groups = std::move(groups);
+    if (GetSafeHwnd()) Fill();
+}
+
+void CWorkSpaceTree1::Fill()
+{
+    DeleteAllItems();
+    for (const WorkSpaceGroup& group : m_groups) {
+        const HTREEITEM node = InsertItem(group.name.c_str());
+        for (const std::string& file : group.files) InsertItem(file.c_str(), node);
+        Expand(node, TVE_EXPAND);
+    }
+}
+
+void CWorkSpaceTree1::ShowMenu(CPoint point)
+{
+    CMenu menu;
+    if (!menu.CreatePopupMenu() || !menu.AppendMenu(MF_STRING, ID_WORKSPACE_REFRESH, "Refresh")) return;
+    // The popup keeps its own copy of the items and owns itself from Create on.
+    auto* popup = new CBCGPPopupMenu;
+    popup->Create(this, point.x, point.y, menu.GetSafeHmenu(), FALSE, TRUE);
+}
+
+void CWorkSpaceTree1::OnRefresh()
+{
+    KeyF5RefreshWnd();
+}

@@ -1,0 +1,46 @@
+#include "siblings/work_space_tree2.h"
+
+#include "platform/menu/popup_menu.h"
+#include "siblings/orv_project_misc.h"
+
+BEGIN_MESSAGE_MAP(CWorkSpaceTree2, CTreeCtrl)
+    ON_COMMAND(ID_WORKSPACE_STOP, &CWorkSpaceTree2::OnStop)
+END_MESSAGE_MAP()
+
+CWorkSpaceTree2::CWorkSpaceTree2() = default;
+
+CWorkSpaceTree2::~CWorkSpaceTree2() = default;
+
+BOOL CWorkSpaceTree2::Create(CWnd* pParentWnd)
+{
+    constexpr DWORD kStyles = WS_VISIBLE | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS;
+    if (!CTreeCtrl::Create(kStyles, CRect(0, 0, 100, 100), pParentWnd, 0)) return FALSE;
+    Fill();
+    return TRUE;
+}
+
+void CWorkSpaceTree2::SetTargets(std::vector<std::string> targets)
+{
+    m_targets = std::move(targets);
+    if (GetSafeHwnd()) Fill();
+}
+
+void CWorkSpaceTree2::Fill()
+{
+    DeleteAllItems();
+    for (const std::string& target : m_targets) InsertItem(target.c_str());
+}
+
+void CWorkSpaceTree2::ShowMenu(CPoint point)
+{
+    CMenu menu;
+    if (!menu.CreatePopupMenu() || !menu.AppendMenu(MF_STRING, ID_WORKSPACE_STOP, "Stop")) return;
+    // The popup keeps its own copy of the items and owns itself from Create on.
+    auto* popup = new CBCGPPopupMenu;
+    popup->Create(this, point.x, point.y, menu.GetSafeHmenu(), FALSE, TRUE);
+}
+
+void CWorkSpaceTree2::OnStop()
+{
+    CleanTerminate(1);
+}
