@@ -17,7 +17,6 @@ public:
     ~CDockBarWatch() override;
 
     void SetWatchNumb(int numb);
-    int GetWatchNumb() const { return m_watchNumb; }
 
 protected:
     DECLARE_MESSAGE_MAP()

@@ -79,7 +79,7 @@ protected:                                              \
 #define ON_WM_SETFOCUS() {WM_SETFOCUS, 0, 0, 0, DP_THUNK(self->OnSetFocus(CWnd::FromHandle(reinterpret_cast<HWND>(wParam))); return true)},
 #define ON_WM_KILLFOCUS() {WM_KILLFOCUS, 0, 0, 0, DP_THUNK(self->OnKillFocus(CWnd::FromHandle(reinterpret_cast<HWND>(wParam))); return true)},
 #define ON_WM_CONTEXTMENU() {WM_CONTEXTMENU, 0, 0, 0, DP_THUNK(self->OnContextMenu(CWnd::FromHandle(reinterpret_cast<HWND>(wParam)), CPoint(lParam)); return true)},
-#define ON_WM_MEASUREITEM() {WM_MEASUREITEM, 0, 0, 0, DP_THUNK(self->OnMeasureItem(static_cast<int>(wParam), reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam)); return true)},
+#define ON_WM_MEASUREITEM() {WM_MEASUREITEM, 0, 0, 0, DP_THUNK(self->OnMeasureItem(static_cast<int>(wParam), reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam)); *result = TRUE; return true)},
 #define DP_MOUSE_ENTRY(message, handler) {message, 0, 0, 0, DP_THUNK(self->handler(static_cast<UINT>(wParam), CPoint(lParam)); return true)},
 #define ON_WM_LBUTTONDOWN() DP_MOUSE_ENTRY(WM_LBUTTONDOWN, OnLButtonDown)
 #define ON_WM_LBUTTONUP() DP_MOUSE_ENTRY(WM_LBUTTONUP, OnLButtonUp)

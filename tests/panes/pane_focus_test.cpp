@@ -109,6 +109,13 @@ TEST_F(WatchPaneFocus, MeasureRequestsGetTheGridsLineHeight)
 
     watch.SendMessage(WM_MEASUREITEM, measure.CtlID, reinterpret_cast<LPARAM>(&measure));
     EXPECT_EQ(measure.itemHeight, expected.itemHeight);
+
+    // The pane's only owner-drawn child is the grid, whatever id a request names.
+    MEASUREITEMSTRUCT unnamed{};
+    unnamed.CtlType = ODT_LISTVIEW;
+    unnamed.CtlID = measure.CtlID + 1;
+    watch.SendMessage(WM_MEASUREITEM, unnamed.CtlID, reinterpret_cast<LPARAM>(&unnamed));
+    EXPECT_EQ(unnamed.itemHeight, expected.itemHeight);
 }
 
 }  // namespace
