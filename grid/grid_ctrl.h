@@ -83,10 +83,11 @@ class AFX_EXT_CLASS CGridCtrl : public CBCGPListCtrl {
     int GetCurrentColumn() const { return m_currentColumn; }
     // Moves the cell cursor to another column and repaints the selected line.
     void SetCurrentColumn(int nCol);
-    // Whether Ctrl was down when the last message was pre-translated; a
-    // derived grid may set it when it reads the key state itself.
+    // Whether Ctrl was down when the last message was pre-translated, or
+    // when a derived grid last recorded it.
     BOOL IsCtrlHeld() const { return m_ctrlHeld; }
-    void SetCtrlHeld(BOOL bHeld) { m_ctrlHeld = bHeld; }
+    // Records in the Ctrl-held flag whether Ctrl is down now.
+    void RecordCtrlHeld();
     CGridRowArray& Rows() { return m_rows; }
     CFont* GetGridFont() { return &m_font; }
     CGridEdit& EditBox() { return m_edit; }

@@ -22,9 +22,15 @@ bool IsNumberChar(UINT ch)
 
 }  // namespace
 
+void CGridCtrl::RecordCtrlHeld()
+{
+    // The high byte of the key state is 0xFF while the key is down.
+    m_ctrlHeld = (static_cast<WORD>(GetKeyState(VK_CONTROL)) >> 8) == 0xFF;
+}
+
 BOOL CGridCtrl::PreTranslateMessage(MSG* pMsg)
 {
-    m_ctrlHeld = (static_cast<WORD>(GetKeyState(VK_CONTROL)) >> 8) == 0xFF;
+    RecordCtrlHeld();
     if (pMsg->message == WM_KEYDOWN) {
         if (CWinThread* thread = AfxGetThread()) {
             if (CWnd* main = thread->GetMainWnd()) main->PreTranslateMessage(pMsg);

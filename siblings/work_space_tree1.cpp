@@ -1,6 +1,6 @@
 #include "siblings/work_space_tree1.h"
 
-#include "platform/menu/popup_menu.h"
+#include "siblings/one_command_menu.h"
 #include "siblings/orv_project_misc.h"
 
 BEGIN_MESSAGE_MAP(CWorkSpaceTree1, CTreeCtrl)
@@ -37,11 +37,7 @@ void CWorkSpaceTree1::Fill()
 
 void CWorkSpaceTree1::ShowMenu(CPoint point)
 {
-    CMenu menu;
-    if (!menu.CreatePopupMenu() || !menu.AppendMenu(MF_STRING, ID_WORKSPACE_REFRESH, "Refresh")) return;
-    // The popup keeps its own copy of the items and owns itself from Create on.
-    auto* popup = new CBCGPPopupMenu;
-    popup->Create(this, point.x, point.y, menu.GetSafeHmenu(), FALSE, TRUE);
+    ShowOneCommandMenu(this, ID_WORKSPACE_REFRESH, "Refresh", point);
 }
 
 void CWorkSpaceTree1::OnRefresh()

@@ -29,12 +29,19 @@ enum DebugRequest : unsigned int {
 // The highest sub-code; any larger wParam is an expression's address.
 constexpr unsigned int kLastDebugRequest = DRQ_GET_ELEMENTS;
 
-// Type codes the watch itself tests (the rest are only named; 0 to 41).
+// Type codes, 0 to 41; those a watch or a service names in code.
 enum WatchType : std::uint32_t {
+    WT_BIT = 1,
     WT_CHAR = 2,
+    WT_UCHAR = 3,
     WT_INT = 4,
+    WT_UINT = 5,
+    WT_LONG = 6,
+    WT_ULONG = 7,
     WT_FLOAT = 8,
     WT_FLOAT_ALT = 12,
+    WT_STRUCT = 32,
+    WT_UNION = 33,
     WT_POINTER = 35,
     WT_GENERAL_POINTER = 36,
     WT_ARRAY = 38,

@@ -92,7 +92,7 @@ void CWatchGridCtrl::MoveRowDown()
     if (!IsEditable() || s < 0 || s == GetItemCount() - 1) return;
     const CGridRow* row = GetRowAt(s);
     // The first line after the row and what it shows under it.
-    const int t = s + 1 + (row && row->IsExpanded() ? CountVisibleRows(const_cast<CGridRow*>(row)->children) : 0);
+    const int t = s + (row ? row->ShownLines() : 1);
     if (t == GetItemCount() - 1 || !MoveRow(s, t)) SelectItem(t);
 }
 
@@ -126,7 +126,7 @@ void CWatchGridCtrl::CopyRow(int from, int to)
     if (to == -1 || !FindRowAt(to, &Rows(), &b)) b = 0;
     auto* copy = new CGridRow(*source);
     Rows().InsertRow(b, copy);
-    AdjustItemCount(TRUE, 1 + (copy->IsExpanded() ? CountVisibleRows(copy->children) : 0));
+    AdjustItemCount(TRUE, copy->ShownLines());
     SelectItem(LineOfTopRow(b));
 }
 

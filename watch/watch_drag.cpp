@@ -18,11 +18,6 @@ static_assert(kDragBlockFlags == 0x2042);
 constexpr std::size_t kDragBlockStep = 4096;
 constexpr DWORD kDragEffects = DROPEFFECT_COPY | DROPEFFECT_MOVE | DROPEFFECT_LINK;
 
-bool CtrlDown()
-{
-    return (static_cast<WORD>(GetKeyState(VK_CONTROL)) >> 8) == 0xFF;
-}
-
 }  // namespace
 
 void CWatchGridCtrl::OnBeginDrag(NMHDR* pNMHDR, LRESULT* pResult)
@@ -61,7 +56,7 @@ DROPEFFECT CWatchGridCtrl::OnDragEnter(CWnd*, COleDataObject*, DWORD, CPoint)
 DROPEFFECT CWatchGridCtrl::OnDragOver(CWnd*, COleDataObject*, DWORD, CPoint)
 {
     if (!m_dragging) return DROPEFFECT_COPY;
-    SetCtrlHeld(CtrlDown());
+    RecordCtrlHeld();
     return IsCtrlHeld() ? DROPEFFECT_COPY : DROPEFFECT_MOVE;
 }
 

@@ -169,7 +169,7 @@ void ApplyDefaultFormat(CGridRow* row)
     case 2: format = WF_HEXADECIMAL; break;
     default:
         // Unsigned and structured types read best as bit patterns.
-        if (type == 3 || type == 5 || type == 7 || type >= 32) format = WF_HEXADECIMAL;
+        if (type == WT_UCHAR || type == WT_UINT || type == WT_ULONG || type >= WT_STRUCT) format = WF_HEXADECIMAL;
         break;
     }
     row->format = format;

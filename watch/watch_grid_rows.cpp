@@ -103,7 +103,7 @@ BOOL CWatchGridCtrl::DeleteRow(int line)
     CGridRow* row = FindRowAt(line, &Rows(), &top);
     // Members and elements belong to their parent's object: they cannot go alone.
     if (!row || row->Level() != 0) return FALSE;
-    AdjustItemCount(FALSE, 1 + (row->IsExpanded() ? CountVisibleRows(row->children) : 0));
+    AdjustItemCount(FALSE, row->ShownLines());
     Rows().DeleteRows(top, 1);
     SelectItem(line);
     Invalidate();

@@ -79,7 +79,7 @@ void CWatchGridCtrl::RefreshRow(CGridRow* row, int* displayIndex, const WatchRec
 {
     WatchRecord* record = RecordOf(row);
     if (!record || !displayIndex || !previous) return;
-    const int shown = row->IsExpanded() ? CountVisibleRows(row->children) : 0;
+    const int shown = row->ShownLines() - 1;
     if (SameObject(*record, *previous)) {
         if (IsValueRow(row)) row->changed = record->value != previous->value;
         FormatRow(row, FALSE);

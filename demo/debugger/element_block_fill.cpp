@@ -29,7 +29,7 @@ std::size_t FillElements(ElementBlock& block, const TypeTable& types, DebugTarge
     // A copy: the template may be the array's own record.
     const WatchRecord array = *block.array;
     const TypeInfo* type = types.Find(RecordType(array, types));
-    const TypeInfo* element = type && type->code == TC_ARRAY ? types.Find(type->target) : nullptr;
+    const TypeInfo* element = type && type->code == WT_ARRAY ? types.Find(type->target) : nullptr;
     if (!element || element->size == 0) return 0;
 
     Describe({type->target, array.space, array.address, 0}, types, target, *block.element);

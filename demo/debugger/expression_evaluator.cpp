@@ -89,7 +89,7 @@ Evaluated ExpressionEvaluator::Index(const ExpressionNode& node)
     if (!IsIntegral(indexType.code)) Fail(WERR_NUMERIC_TYPE);
     const std::int64_t i = IntegerOf({indexType.code, index.bits});
     const TypeInfo& type = TypeOf(base);
-    if (type.code != TC_ARRAY) return Dereference(Offset(ValueOf(base), i));
+    if (type.code != WT_ARRAY) return Dereference(Offset(ValueOf(base), i));
     // A declared array knows its bounds; what lies past them is no element.
     if (i < 0 || i >= type.count) Fail(WERR_READ_FAILED);
     const std::uint32_t size = TypeOf({type.target}).size;
@@ -99,7 +99,7 @@ Evaluated ExpressionEvaluator::Index(const ExpressionNode& node)
 Evaluated ExpressionEvaluator::Member(const Evaluated& object, const std::string& name) const
 {
     const TypeInfo& type = TypeOf(object);
-    if (type.code != TC_STRUCT && type.code != TC_UNION) Fail(WERR_NUMERIC_TYPE);
+    if (type.code != WT_STRUCT && type.code != WT_UNION) Fail(WERR_NUMERIC_TYPE);
     for (const TypeMember& member : type.members) {
         if (member.name == name) return {member.type, object.space, object.address + member.offset, 0};
     }
@@ -110,7 +110,7 @@ Evaluated ExpressionEvaluator::ValueOf(const Evaluated& what)
 {
     if (!what.IsObject()) return what;
     const TypeInfo& type = TypeOf(what);
-    if (type.code == TC_ARRAY) return PointerTo(type.target, what.space, what.address);
+    if (type.code == WT_ARRAY) return PointerTo(type.target, what.space, what.address);
     if (IsAggregateCode(type.code)) Fail(WERR_NUMERIC_TYPE);
     const std::optional<std::uint32_t> value = ReadValue(m_target, what.space, what.address, type.size);
     if (!value) Fail(WERR_READ_FAILED);
@@ -128,7 +128,7 @@ Evaluated ExpressionEvaluator::PointerTo(TypeId type, std::uint32_t space, std::
 {
     const TypeId pointer = m_types.Pointer(type, space);
     const TypeInfo& info = TypeOf({pointer});
-    const std::uint32_t bits = info.code == TC_GENERIC_POINTER ? EncodeGenericPointer(space, address)
+    const std::uint32_t bits = info.code == WT_GENERAL_POINTER ? EncodeGenericPointer(space, address)
                                : info.size == 1                ? address & 0xFF
                                                                : address & 0xFFFF;
     return Computed(pointer, bits);
@@ -139,7 +139,7 @@ Evaluated ExpressionEvaluator::Dereference(const Evaluated& pointer) const
     const TypeInfo& type = TypeOf(pointer);
     if (!IsPointerCode(type.code)) Fail(WERR_NUMERIC_TYPE);
     std::optional<PointerTarget> where = PointerTarget{type.targetSpace, pointer.bits};
-    if (type.code == TC_GENERIC_POINTER) where = DecodeGenericPointer(pointer.bits);
+    if (type.code == WT_GENERAL_POINTER) where = DecodeGenericPointer(pointer.bits);
     if (!where || where->address == 0) Fail(WERR_INVALID_POINTER);
     return {type.target, where->space, where->address, 0};
 }

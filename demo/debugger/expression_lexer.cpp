@@ -83,7 +83,7 @@ Token ReadCharacter(std::string_view body)
     std::uint8_t value = static_cast<std::uint8_t>(body[i++]);
     if (value == '\\') value = ReadEscape(body, i);
     if (i < body.size()) Fail(WERR_STRING_TOO_LONG);
-    return {Token::Kind::Number, {}, TC_CHAR, value};
+    return {Token::Kind::Number, {}, WT_CHAR, value};
 }
 
 }  // namespace

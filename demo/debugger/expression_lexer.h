@@ -12,7 +12,7 @@ struct Token {
     enum class Kind { Name, Number, String, Operator };
     Kind kind = Kind::Operator;
     std::string text;        // a name or an operator as written
-    std::uint32_t type = 0;  // a number's TypeCode
+    std::uint32_t type = 0;  // a number's WatchType
     std::uint32_t bits = 0;  // a number's value; a float's IEEE 754 bits
 };
 

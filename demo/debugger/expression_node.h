@@ -17,7 +17,7 @@ struct ExpressionNode {
     };
     Kind kind = Kind::Name;
     std::string text;
-    std::uint32_t type = 0;  // a number's TypeCode
+    std::uint32_t type = 0;  // a number's WatchType
     std::uint32_t bits = 0;  // a number's value
     std::unique_ptr<ExpressionNode> left;
     std::unique_ptr<ExpressionNode> right;

@@ -13,10 +13,10 @@ namespace {
 
 std::uint32_t Promote(std::uint32_t type)
 {
-    return type < TC_INT ? TC_INT : type;
+    return type < WT_INT ? WT_INT : type;
 }
 
-// TC_INT < TC_UINT < TC_LONG < TC_ULONG < TC_FLOAT: the codes rank the
+// WT_INT < WT_UINT < WT_LONG < WT_ULONG < WT_FLOAT: the codes rank the
 // promoted types as C's usual conversions do when int is 16 bits wide.
 std::uint32_t Common(const Number& left, const Number& right)
 {
@@ -25,18 +25,18 @@ std::uint32_t Common(const Number& left, const Number& right)
 
 Number Make(std::uint32_t type, std::uint64_t value)
 {
-    const std::uint64_t mask = type == TC_INT || type == TC_UINT ? 0xFFFF : 0xFFFFFFFF;
+    const std::uint64_t mask = type == WT_INT || type == WT_UINT ? 0xFFFF : 0xFFFFFFFF;
     return {type, static_cast<std::uint32_t>(value & mask)};
 }
 
 float FloatOf(const Number& number)
 {
-    return number.type == TC_FLOAT ? std::bit_cast<float>(number.bits) : static_cast<float>(IntegerOf(number));
+    return number.type == WT_FLOAT ? std::bit_cast<float>(number.bits) : static_cast<float>(IntegerOf(number));
 }
 
 Number MakeFloat(float value)
 {
-    return {TC_FLOAT, std::bit_cast<std::uint32_t>(value)};
+    return {WT_FLOAT, std::bit_cast<std::uint32_t>(value)};
 }
 
 // Integer arithmetic in 64 bits, where no 32-bit operand overflows; Make cuts
@@ -59,7 +59,7 @@ Number Integer(std::string_view op, std::uint32_t type, std::int64_t a, std::int
 
 Number Shift(std::string_view op, const Number& left, const Number& right)
 {
-    if (left.type == TC_FLOAT || right.type == TC_FLOAT) Fail(WERR_NUMERIC_TYPE);
+    if (left.type == WT_FLOAT || right.type == WT_FLOAT) Fail(WERR_NUMERIC_TYPE);
     const std::int64_t count = IntegerOf(right);
     if (count < 0) Fail(WERR_NUMERIC_TYPE);
     const std::uint32_t type = Promote(left.type);
@@ -74,13 +74,13 @@ Number Shift(std::string_view op, const Number& left, const Number& right)
 std::int64_t IntegerOf(const Number& number)
 {
     switch (number.type) {
-    case TC_BIT: return number.bits & 1;
-    case TC_CHAR: return static_cast<std::int8_t>(number.bits);
-    case TC_UCHAR: return static_cast<std::uint8_t>(number.bits);
-    case TC_INT: return static_cast<std::int16_t>(number.bits);
-    case TC_UINT: return static_cast<std::uint16_t>(number.bits);
-    case TC_LONG: return static_cast<std::int32_t>(number.bits);
-    case TC_FLOAT: break;
+    case WT_BIT: return number.bits & 1;
+    case WT_CHAR: return static_cast<std::int8_t>(number.bits);
+    case WT_UCHAR: return static_cast<std::uint8_t>(number.bits);
+    case WT_INT: return static_cast<std::int16_t>(number.bits);
+    case WT_UINT: return static_cast<std::uint16_t>(number.bits);
+    case WT_LONG: return static_cast<std::int32_t>(number.bits);
+    case WT_FLOAT: break;
     default: return number.bits;
     }
     // Out-of-range floats saturate rather than convert undefined.
@@ -94,7 +94,7 @@ Number ApplyBinary(std::string_view op, const Number& left, const Number& right)
 {
     if (op == "<<" || op == ">>") return Shift(op, left, right);
     const std::uint32_t type = Common(left, right);
-    if (type != TC_FLOAT) {
+    if (type != WT_FLOAT) {
         // Both operands converted to the common type first: -1 / 2u divides 65535.
         const auto convert = [type](const Number& n) { return IntegerOf(Make(type, static_cast<std::uint64_t>(IntegerOf(n)))); };
         return Integer(op, type, convert(left), convert(right));
@@ -112,7 +112,7 @@ Number ApplyBinary(std::string_view op, const Number& left, const Number& right)
 Number ApplyUnary(std::string_view op, const Number& operand)
 {
     const std::uint32_t type = Promote(operand.type);
-    if (type == TC_FLOAT) {
+    if (type == WT_FLOAT) {
         if (op == "~") Fail(WERR_NUMERIC_TYPE);
         return op == "-" ? MakeFloat(-FloatOf(operand)) : operand;
     }

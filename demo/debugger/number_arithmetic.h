@@ -7,7 +7,7 @@
 #include <string_view>
 
 struct Number {
-    std::uint32_t type = 0;  // an arithmetic TypeCode (bit to float)
+    std::uint32_t type = 0;  // an arithmetic WatchType (bit to float)
     std::uint32_t bits = 0;  // the value cut to its type's size; a float's IEEE bits
 };
 

@@ -31,10 +31,10 @@ bool IsHex(std::string_view spelling)
 // this base and these suffixes.
 std::uint32_t IntegerType(std::uint64_t value, bool decimal, bool isUnsigned, bool isLong)
 {
-    if (!isLong && !isUnsigned && value <= 0x7FFF) return TC_INT;
-    if (!isLong && (isUnsigned || !decimal) && value <= 0xFFFF) return TC_UINT;
-    if (!isUnsigned && value <= 0x7FFFFFFF) return TC_LONG;
-    return TC_ULONG;
+    if (!isLong && !isUnsigned && value <= 0x7FFF) return WT_INT;
+    if (!isLong && (isUnsigned || !decimal) && value <= 0xFFFF) return WT_UINT;
+    if (!isUnsigned && value <= 0x7FFFFFFF) return WT_LONG;
+    return WT_ULONG;
 }
 
 Token ReadFloat(std::string_view spelling)
@@ -44,7 +44,7 @@ Token ReadFloat(std::string_view spelling)
     const auto [end, error] = std::from_chars(spelling.data(), spelling.data() + spelling.size(), value);
     if (error == std::errc::result_out_of_range || (error == std::errc() && std::isinf(value))) Fail(WERR_NUMERIC_TYPE);
     if (error != std::errc() || end != spelling.data() + spelling.size()) Fail(WERR_EXPRESSION_FORMAT);
-    return {Token::Kind::Number, {}, TC_FLOAT, std::bit_cast<std::uint32_t>(value)};
+    return {Token::Kind::Number, {}, WT_FLOAT, std::bit_cast<std::uint32_t>(value)};
 }
 
 }  // namespace

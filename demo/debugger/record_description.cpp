@@ -10,8 +10,8 @@ namespace {
 
 std::int32_t MemberCount(const TypeInfo& type)
 {
-    if (type.code == TC_ARRAY) return static_cast<std::int32_t>(type.count);
-    if (type.code == TC_STRUCT || type.code == TC_UNION) return static_cast<std::int32_t>(type.members.size());
+    if (type.code == WT_ARRAY) return static_cast<std::int32_t>(type.count);
+    if (type.code == WT_STRUCT || type.code == WT_UNION) return static_cast<std::int32_t>(type.members.size());
     return 0;
 }
 
@@ -38,7 +38,7 @@ void Describe(const Evaluated& what, const TypeTable& types, DebugTarget& target
     record.address = what.address;
     record.typeRef = IsAggregateCode(type->code) ? what.type : 0;
     // Elements that are no aggregates come in one block of bytes.
-    record.arrayFlag = type->code == TC_ARRAY && element && !IsAggregateCode(element->code) ? 1 : 0;
+    record.arrayFlag = type->code == WT_ARRAY && element && !IsAggregateCode(element->code) ? 1 : 0;
     record.count = MemberCount(*type);
     record.unavailable = 0;
     record.errorId = 0;
@@ -73,7 +73,7 @@ bool DescribeMember(WatchRecord& record, const TypeTable& types, DebugTarget& ta
     if (!parent || record.count < 0 || record.count >= MemberCount(*parent)) return false;
     const auto index = static_cast<std::uint32_t>(record.count);
     Evaluated member{parent->target, record.space, record.address, 0};
-    if (parent->code == TC_ARRAY) {
+    if (parent->code == WT_ARRAY) {
         const TypeInfo* element = types.Find(parent->target);
         member.address += index * (element ? element->size : 0);
         std::snprintf(record.name, sizeof record.name, "[%02u]", index);

@@ -25,6 +25,6 @@ void RefreshValue(WatchRecord& record, DebugTarget& target)
 bool StoreValue(const WatchRecord& record, DebugTarget& target)
 {
     if (!HoldsValue(record) || record.space == WS_CODE || record.space == WS_CONST) return false;
-    const std::uint32_t value = record.type == TC_BIT ? record.value != 0 : record.value;
+    const std::uint32_t value = record.type == WT_BIT ? record.value != 0 : record.value;
     return WriteValue(target, record.space, record.address, record.size, value);
 }

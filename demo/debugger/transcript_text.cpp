@@ -34,7 +34,7 @@ std::string Hex(std::uint32_t value, int digits)
 std::string TypeName(std::uint32_t type)
 {
     if (type < kScalarNames.size()) return kScalarNames[type];
-    if (type >= TC_STRUCT && type - TC_STRUCT < kComposedNames.size()) return kComposedNames[type - TC_STRUCT];
+    if (type >= WT_STRUCT && type - WT_STRUCT < kComposedNames.size()) return kComposedNames[type - WT_STRUCT];
     return "type " + std::to_string(type);
 }
 

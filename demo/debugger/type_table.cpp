@@ -11,12 +11,12 @@ namespace {
 std::uint32_t ScalarSize(std::uint32_t code)
 {
     switch (code) {
-    case TC_INT:
-    case TC_UINT:
+    case WT_INT:
+    case WT_UINT:
         return 2;
-    case TC_LONG:
-    case TC_ULONG:
-    case TC_FLOAT:
+    case WT_LONG:
+    case WT_ULONG:
+    case WT_FLOAT:
         return 4;
     default:
         return 1;
@@ -59,19 +59,19 @@ TypeInfo Make(std::uint32_t code, std::uint32_t size, TypeId target = kNoType, s
 TypeTable::TypeTable()
 {
     m_types.emplace_back();  // kNoType
-    for (std::uint32_t code = TC_BIT; code <= TC_FLOAT; ++code) Add(Make(code, ScalarSize(code)));
+    for (std::uint32_t code = WT_BIT; code <= WT_FLOAT; ++code) Add(Make(code, ScalarSize(code)));
 }
 
 TypeId TypeTable::Scalar(std::uint32_t code) const
 {
     // The scalars were added first, in code order.
-    return code >= TC_BIT && code <= TC_FLOAT ? code : kNoType;
+    return code >= WT_BIT && code <= WT_FLOAT ? code : kNoType;
 }
 
 TypeId TypeTable::Pointer(TypeId target, std::uint32_t space)
 {
     const bool generic = PointerSize(space) == 3;
-    const std::uint32_t code = generic ? TC_GENERIC_POINTER : TC_POINTER;
+    const std::uint32_t code = generic ? WT_GENERAL_POINTER : WT_POINTER;
     const std::uint32_t targetSpace = generic ? WS_NONE : space;
     const auto found = std::find_if(m_types.begin(), m_types.end(), [&](const TypeInfo& type) {
         return type.code == code && type.target == target && type.targetSpace == targetSpace;
@@ -84,7 +84,7 @@ TypeId TypeTable::Array(TypeId element, std::uint32_t count)
 {
     const TypeInfo* type = Find(element);
     const std::uint32_t size = type ? type->size * count : 0;
-    return Add(Make(TC_ARRAY, size, element, 0, count));
+    return Add(Make(WT_ARRAY, size, element, 0, count));
 }
 
 TypeId TypeTable::Record(std::uint32_t code, const std::vector<std::pair<std::string, TypeId>>& fields)
@@ -94,9 +94,9 @@ TypeId TypeTable::Record(std::uint32_t code, const std::vector<std::pair<std::st
     for (const auto& [name, id] : fields) {
         const TypeInfo* type = Find(id);
         const std::uint32_t size = type ? type->size : 0;
-        info.members.push_back({name, id, code == TC_UNION ? 0 : offset});
+        info.members.push_back({name, id, code == WT_UNION ? 0 : offset});
         offset += size;
-        info.size = code == TC_UNION ? std::max(info.size, size) : offset;
+        info.size = code == WT_UNION ? std::max(info.size, size) : offset;
     }
     return Add(std::move(info));
 }

@@ -19,7 +19,7 @@ struct TypeMember {
 };
 
 struct TypeInfo {
-    std::uint32_t code = 0;           // a TypeCode
+    std::uint32_t code = 0;           // a WatchType
     std::uint32_t size = 0;           // bytes; a bit counts as one
     TypeId target = kNoType;          // an array's element, a pointer's pointee
     std::uint32_t targetSpace = 0;    // the space a typed pointer points into
@@ -37,7 +37,7 @@ public:
     // The pointer to target in space (WS_NONE: a generic pointer), added once.
     TypeId Pointer(TypeId target, std::uint32_t space);
     TypeId Array(TypeId element, std::uint32_t count);
-    // A structure or union (TC_STRUCT, TC_UNION) of named fields, laid out
+    // A structure or union (WT_STRUCT, WT_UNION) of named fields, laid out
     // without padding as an 8051 compiler does.
     TypeId Record(std::uint32_t code, const std::vector<std::pair<std::string, TypeId>>& fields);
 

@@ -32,14 +32,14 @@ TEST(ServiceWatchList, EntriesDescribeTheListedObjectsInTheirPackedFields)
     EXPECT_STREQ(reinterpret_cast<const char*>(bytes + 32), "phase");
     EXPECT_EQ(bytes[65], WS_DATA);
     EXPECT_EQ(bytes[67] | bytes[68] << 8, 0x30);
-    EXPECT_EQ(bytes[69], TC_UCHAR);
+    EXPECT_EQ(bytes[69], WT_UCHAR);
     EXPECT_EQ(bytes[75] | bytes[76] << 8, 1);
 
     const std::uint8_t* cfg = bytes + 2 * sizeof(WatchListEntry);
     EXPECT_STREQ(reinterpret_cast<const char*>(cfg + 32), "cfg");
     EXPECT_EQ(cfg[65], WS_XDATA);
     EXPECT_EQ(cfg[67] | cfg[68] << 8, 0x0110);
-    EXPECT_EQ(cfg[69], TC_STRUCT);
+    EXPECT_EQ(cfg[69], WT_STRUCT);
     std::uint32_t typeRef = 0;
     std::memcpy(&typeRef, cfg + 70, 4);
     EXPECT_EQ(typeRef, driver.Evaluate("cfg").typeRef);
@@ -80,7 +80,7 @@ TEST(ServiceWatchList, ANameThatFillsTheFieldIsCutWithoutATerminator)
 {
     SymbolTable symbols;
     const std::string longName(40, 'n');
-    symbols.Add({longName, symbols.Types().Scalar(TC_UCHAR), WS_DATA, 0x40});
+    symbols.Add({longName, symbols.Types().Scalar(WT_UCHAR), WS_DATA, 0x40});
     SimulatedDebuggerService service(std::make_unique<SimulatedTarget>(), std::move(symbols), {longName, "missing"});
     ASSERT_TRUE(service.Create(nullptr));
     std::int32_t size = 0;

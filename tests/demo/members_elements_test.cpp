@@ -60,12 +60,12 @@ TEST(ServiceMembers, AStructureGivesItsFieldsWithNamesPlacesAndValues)
     const WatchRecord cfg = driver.Evaluate("cfg");
     const WatchRecord red = driver.Member(cfg, 0);
     EXPECT_EQ(NameOf(red), "red_time");
-    EXPECT_EQ(red.type, TC_UCHAR);
+    EXPECT_EQ(red.type, WT_UCHAR);
     EXPECT_EQ(red.address, 0x0110u);
     EXPECT_EQ(red.value, 10u);
     const WatchRecord offset = driver.Member(cfg, 2);
     EXPECT_EQ(NameOf(offset), "offset");
-    EXPECT_EQ(offset.type, TC_INT);
+    EXPECT_EQ(offset.type, WT_INT);
     EXPECT_EQ(offset.space, WS_XDATA);
     EXPECT_EQ(offset.size, 2u);
     EXPECT_EQ(offset.address, 0x0112u);
@@ -78,13 +78,13 @@ TEST(ServiceMembers, NestedAggregatesExpandFromTheRecordsTheirParentsGave)
     ServiceDriver driver;
     const WatchRecord light = driver.Member(driver.Evaluate("lights"), 1);
     EXPECT_EQ(NameOf(light), "[01]");
-    EXPECT_EQ(light.type, TC_STRUCT);
+    EXPECT_EQ(light.type, WT_STRUCT);
     EXPECT_EQ(light.address, 0x0148u);
     EXPECT_EQ(driver.Count(light), 3);
 
     const WatchRecord lamps = driver.Member(light, 1);
     EXPECT_EQ(NameOf(lamps), "lamps");
-    EXPECT_EQ(lamps.type, TC_ARRAY);
+    EXPECT_EQ(lamps.type, WT_ARRAY);
     EXPECT_EQ(lamps.address, 0x0149u);
     EXPECT_EQ(lamps.arrayFlag, 1u);
     EXPECT_EQ(lamps.count, 3);
@@ -102,7 +102,7 @@ TEST(ServiceMembers, AUnionsMembersShareItsAddress)
     const WatchRecord sensor = driver.Evaluate("sensor");
     EXPECT_EQ(driver.Member(sensor, 0).address, 0x38u);
     EXPECT_EQ(driver.Member(sensor, 1).address, 0x38u);
-    EXPECT_EQ(driver.Member(sensor, 1).type, TC_ARRAY);
+    EXPECT_EQ(driver.Member(sensor, 1).type, WT_ARRAY);
 }
 
 TEST(ServiceElements, ScalarElementsComeMostSignificantByteFirst)
@@ -115,7 +115,7 @@ TEST(ServiceElements, ScalarElementsComeMostSignificantByteFirst)
     const Elements got = GetElements(driver, driver.Evaluate("timings"), 24);
     ASSERT_TRUE(got.handedOver);
     EXPECT_EQ(got.element.status, 1);
-    EXPECT_EQ(got.element.type, TC_INT);
+    EXPECT_EQ(got.element.type, WT_INT);
     EXPECT_EQ(got.element.space, WS_XDATA);
     EXPECT_EQ(got.element.size, 2u) << "one element's size";
     EXPECT_EQ(got.element.address, 0x0120u) << "element 0's address";
