@@ -1,10 +1,12 @@
 #include "siblings/work_space_tree1.h"
 
+#include "platform/core/thread.h"
 #include "siblings/one_command_menu.h"
 #include "siblings/orv_project_misc.h"
 
 BEGIN_MESSAGE_MAP(CWorkSpaceTree1, CTreeCtrl)
     ON_COMMAND(ID_WORKSPACE_REFRESH, &CWorkSpaceTree1::OnRefresh)
+    ON_WM_LBUTTONDBLCLK()
 END_MESSAGE_MAP()
 
 CWorkSpaceTree1::CWorkSpaceTree1() = default;
@@ -19,8 +21,9 @@ BOOL CWorkSpaceTree1::Create(CWnd* pParentWnd)
     return TRUE;
 }
 
-void CWorkSpaceTree1::SetGroups(std::vector<WorkSpaceGroup> groups)
+void CWorkSpaceTree1::SetGroups(std::string folder, std::vector<WorkSpaceGroup> groups)
 {
+    m_folder = std::move(folder);
     m_groups = std::move(groups);
     if (GetSafeHwnd()) Fill();
 }
@@ -43,4 +46,16 @@ void CWorkSpaceTree1::ShowMenu(CPoint point)
 void CWorkSpaceTree1::OnRefresh()
 {
     KeyF5RefreshWnd();
+}
+
+// Only file nodes open: a group's double click keeps the tree's own meaning
+// (expand or collapse).
+void CWorkSpaceTree1::OnLButtonDblClk(UINT, CPoint point)
+{
+    Default();
+    UINT flags = 0;
+    const HTREEITEM node = HitTest(point, &flags);
+    if (!node || !(flags & TVHT_ONITEM) || !GetParentItem(node)) return;
+    const std::string path = m_folder + static_cast<const char*>(GetItemText(node));
+    if (CWnd* host = AfxGetMainWnd()) host->SendMessage(UWM_WORKSPACE_OPEN_FILE, reinterpret_cast<WPARAM>(path.c_str()), 0);
 }

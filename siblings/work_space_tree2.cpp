@@ -13,13 +13,13 @@ CWorkSpaceTree2::~CWorkSpaceTree2() = default;
 
 BOOL CWorkSpaceTree2::Create(CWnd* pParentWnd)
 {
-    constexpr DWORD kStyles = WS_VISIBLE | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS;
+    constexpr DWORD kStyles = WS_VISIBLE | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS;
     if (!CTreeCtrl::Create(kStyles, CRect(0, 0, 100, 100), pParentWnd, 0)) return FALSE;
     Fill();
     return TRUE;
 }
 
-void CWorkSpaceTree2::SetTargets(std::vector<std::string> targets)
+void CWorkSpaceTree2::SetTargets(std::vector<WorkSpaceTarget> targets)
 {
     m_targets = std::move(targets);
     if (GetSafeHwnd()) Fill();
@@ -28,7 +28,11 @@ void CWorkSpaceTree2::SetTargets(std::vector<std::string> targets)
 void CWorkSpaceTree2::Fill()
 {
     DeleteAllItems();
-    for (const std::string& target : m_targets) InsertItem(target.c_str());
+    for (const WorkSpaceTarget& target : m_targets) {
+        const HTREEITEM node = InsertItem(target.name.c_str());
+        for (const std::string& option : target.options) InsertItem(option.c_str(), node);
+        Expand(node, TVE_EXPAND);
+    }
 }
 
 void CWorkSpaceTree2::ShowMenu(CPoint point)

@@ -1,11 +1,17 @@
-// Stand-in for the project module's target tree: the project's build targets.
-// The second workspace pane hosts it; the host fills it.
+// Stand-in for the project module's target tree: the project's build targets,
+// each with its options under it. The second workspace pane hosts it; the
+// host fills it.
 #pragma once
 
 #include <string>
 #include <vector>
 
 #include "platform/controls/tree_ctrl.h"
+
+struct WorkSpaceTarget {
+    std::string name;                  // GBK
+    std::vector<std::string> options;  // GBK, one line each ("Memory model: small")
+};
 
 // The one command of the target tree's menu: stop the running build.
 constexpr UINT ID_WORKSPACE_STOP = 0xE141;
@@ -19,8 +25,8 @@ public:
     virtual BOOL Create(CWnd* pParentWnd);
     void ShowMenu(CPoint point);
 
-    // Replaces the targets (GBK names); shown at once when the tree exists.
-    void SetTargets(std::vector<std::string> targets);
+    // Replaces the targets; shown at once when the tree exists.
+    void SetTargets(std::vector<WorkSpaceTarget> targets);
 
 protected:
     DECLARE_MESSAGE_MAP()
@@ -28,5 +34,5 @@ protected:
 
 private:
     void Fill();
-    std::vector<std::string> m_targets;
+    std::vector<WorkSpaceTarget> m_targets;
 };

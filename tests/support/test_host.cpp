@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "siblings/work_space_tree1.h"
+
 TestHost::TestHost()
 {
     appData.context = &context;
@@ -54,6 +56,7 @@ LRESULT TestHost::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     case UWM_GOTO_SOURCE:
     case UWM_FUNCLIST_SELECTED:
     case UWM_MSGVIEW_GOTO:
+    case UWM_WORKSPACE_OPEN_FILE:
         m_received.push_back({message, wParam, lParam, wParam ? reinterpret_cast<const char*>(wParam) : ""});
         return 0;
     case WM_COMMAND:
