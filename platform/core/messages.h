@@ -142,6 +142,8 @@ constexpr UINT VK_F1 = 0x70;
 constexpr UINT VK_F2 = 0x71;
 constexpr UINT VK_F4 = 0x73;
 constexpr UINT VK_F5 = 0x74;
+constexpr UINT VK_F7 = 0x76;
+constexpr UINT VK_F9 = 0x78;
 constexpr UINT VK_F10 = 0x79;
 
 // Window styles.

@@ -1,0 +1,97 @@
+// The demo IDE's main frame: docks the library's nine panes and the host's
+// memory pane around a source view, keeps the open project's mark lists and
+// watch list, and answers every message the library sends its host.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "demo/debugger/simulated_debugger_service.h"
+#include "demo/host_transcript.h"
+#include "demo/memory_pane.h"
+#include "demo/sample_project.h"
+#include "demo/views/source_view.h"
+#include "host/host_records.h"
+#include "marks/mark_lists.h"
+#include "panes/dock_bar_book_mark.h"
+#include "panes/dock_bar_brkpnt.h"
+#include "panes/dock_bar_debug_message.h"
+#include "panes/dock_bar_func_list.h"
+#include "panes/dock_bar_message.h"
+#include "panes/dock_bar_search.h"
+#include "panes/dock_bar_watch.h"
+#include "panes/dock_bar_workspace1.h"
+#include "panes/dock_bar_workspace2.h"
+#include "platform/docking/bcgp_frame_wnd.h"
+
+class CFuncSeekItems;
+
+// The panes of the frame, each created, docked and kept for its lifetime.
+struct IdePanes {
+    CDockBarWorkspace1 files;
+    CDockBarWorkspace2 targets;
+    CDockBarFuncList functions;
+    CDockBarBookMark bookmarks;
+    CDockBarBrkpnt breakpoints;
+    CMemoryPane memory;
+    CDockBarMessage build;
+    CDockBarSearch search;
+    CDockBarDebugMessage debug;
+    CDockBarWatch watch1;
+    CDockBarWatch watch2;
+};
+
+class CIdeFrame : public CBCGPFrameWnd {
+public:
+    explicit CIdeFrame(const SampleProject& project);
+    ~CIdeFrame() override;
+
+    // Creates the frame and its panes, docks them and opens the project.
+    bool CreateIde(const CRect& rect);
+
+    // Shows a file of the project at a 1-based line, with its functions.
+    void OpenFile(std::string_view path, int line);
+    // Runs a build and shows its log; searches the sources into the search pane.
+    void Build();
+    void Search(std::string_view needle);
+    void ShowDebugMessages();
+    // Sets a breakpoint on a line of a project file, or removes the one there.
+    void ToggleBreakpoint(const std::string& path, int line);
+    // Lets the target run one step; the watch panes show what changed.
+    void RunStep();
+    // The project's watch list: given to the first watch when the project
+    // opens, read back from it when the project is saved.
+    void RestoreWatchList(const std::vector<std::string>& expressions);
+    const std::vector<std::string>& SaveWatchList();
+
+    IdePanes panes;
+    CSourceView source;
+    SimulatedDebuggerService debugger;
+    HostTranscript transcript;
+    CBookMarkList bookmarks;
+    CBreakPointList breakpoints;
+    ProjectContext context;
+
+    BOOL PreTranslateMessage(MSG* pMsg) override;
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    bool CreatePanes();
+    void DockPanes();
+    void FillProject();
+    void AddMarks();
+    void RefreshMarks();
+    void ShowLineMarks();
+    void SendLines(HWND view, const std::vector<MessageLineRecord>& lines);
+    void AnswerGoto(const char* message, WPARAM path, LPARAM line);
+    void AnswerCommand(UINT id);
+
+    const SampleProject& m_project;
+    AppData m_app;
+    std::unique_ptr<CFuncSeekItems> m_functions;  // what the function list shows
+    std::vector<std::string> m_watchList;         // the project's watch expressions
+};

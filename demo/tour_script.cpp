@@ -1,0 +1,210 @@
+#include "demo/tour_script.h"
+
+#include "demo/ide_frame.h"
+#include "demo/tour.h"
+#include "demo/tour_watch.h"
+#include "demo/ui_points.h"
+#include "platform/input/input.h"
+#include "platform/menu/menu_driver.h"
+#include "platform/text/gbk.h"
+
+namespace {
+
+// Command ids of the views' context menus.
+constexpr UINT kBreakpointGoTo = 32057;   // "定位到"
+constexpr UINT kBookmarkClearAll = 32014; // "清除所有书签"
+
+// How far the tour drags the splitter above the bottom panes: enough to
+// give the watch room for an expanded structure.
+constexpr int kBottomSplitterLift = 90;
+
+template <class View, class Pane>
+View& ViewOf(Pane& pane)
+{
+    return *dynamic_cast<View*>(CWnd::FromHandle(pane.GetViewHwnd()));
+}
+
+class Tour {
+public:
+    Tour(CIdeFrame& ide, TourRecord& record) : m_ide(ide), m_record(record) {}
+
+    bool Play()
+    {
+        OpenProject();
+        OpenFileFromTree();
+        SetBreakpointsAndJump();
+        BuildAndFollowAnError();
+        SearchAndFollowAHit();
+        StartDebugging();
+        PlayWatchTour(m_ide, m_record);
+        ResizeAndSwitchTabs();
+        UseContextMenus();
+        SaveProject();
+        return m_found;
+    }
+
+private:
+    void Step(const std::string& utf8) { m_ide.transcript.Step(utf8); }
+
+    // A point the script looks up; a missing one is reported and skipped.
+    bool Found(CPoint point, const char* what)
+    {
+        if (point.x >= 0) return true;
+        m_ide.transcript.Line(std::string("   (tour: cannot find ") + what + ")");
+        m_found = false;
+        return false;
+    }
+
+    bool FoundLine(int line, const char* what) { return Found(line >= 0 ? CPoint(0, 0) : CPoint(-1, -1), what); }
+
+    void OpenProject()
+    {
+        Step("the host opens the project: file tree, targets, marks, the project's watch list");
+        m_ide.RestoreWatchList({"phase", "ticks", "temperature", "cfg", "lights", "mode", "cursor", "total", "red",
+                                "timings"});
+        m_ide.OpenFile(SampleProject::kFolder + std::string("main.c"), 1);
+        m_record.Shot("project-open", "The project is open: files, functions of main.c, bookmarks, breakpoints, watch list restored.");
+    }
+
+    void OpenFileFromTree()
+    {
+        Step("the user double-clicks timer0.c in the file tree");
+        auto& tree = ViewOf<CWorkSpaceTree1>(m_ide.panes.files);
+        const CPoint file = TreeLabelCentre(tree, "timer0.c");
+        if (Found(file, "timer0.c in the file tree")) Input::DoubleClick(&tree, file);
+        Step("the user types 't' in the function list and presses Enter");
+        auto& functions = ViewOf<CFuncListTreeCtrl>(m_ide.panes.functions);
+        functions.SetFocus();
+        Input::Type("t");
+        Input::Key(VK_RETURN);
+        m_record.Shot("open-from-tree", "timer0.c opened from the file tree; its functions listed; Enter in the list jumped to one.");
+    }
+
+    void SetBreakpointsAndJump()
+    {
+        Step("the user clicks a line of timer0.c and presses F9 to set a breakpoint");
+        Input::Wait();
+        m_ide.source.SetFocus();
+        Input::Key(VK_DOWN);
+        Input::Key(VK_DOWN);
+        Input::Key(VK_F9);
+        Step("the user clicks the bookmark in lights.c");
+        auto& bookmarks = ViewOf<CBookMarkListTreeCtrl>(m_ide.panes.bookmarks);
+        Input::Wait();
+        const CPoint lights = BookmarkOf(bookmarks, "lights.c");
+        if (Found(lights, "the lights.c bookmark")) Input::Click(&bookmarks, lights);
+        m_record.Shot("bookmark-jump", "A new breakpoint in timer0.c (F9), then a click on a bookmark opened lights.c at its line.");
+    }
+
+    // The first bookmark under the file's node.
+    CPoint BookmarkOf(CTreeCtrl& tree, const char* file)
+    {
+        for (HTREEITEM group = tree.GetRootItem(); group; group = tree.GetNextSiblingItem(group)) {
+            if (std::string_view(tree.GetItemText(group)).find(file) == std::string_view::npos) continue;
+            const HTREEITEM first = tree.GetChildItem(group);
+            CRect rect;
+            if (first && tree.GetItemRect(first, &rect, TRUE)) return rect.CenterPoint();
+        }
+        return CPoint(-1, -1);
+    }
+
+    void BuildAndFollowAnError()
+    {
+        Step("the user presses F7 to build; the log shows a warning and an error");
+        m_ide.SetFocus();
+        Input::Key(VK_F7);
+        Step("the user double-clicks the error");
+        auto& log = ViewOf<CMessageEditCtrl>(m_ide.panes.build);
+        const int line = EditLineOf(log, "error");
+        if (FoundLine(line, "the error in the build log")) {
+            Input::DoubleClick(&log, EditLineCentre(log, line));
+        }
+        m_record.Shot("build-error", "The build log; a double click on the error opened uart.c at its line, marked in red.");
+    }
+
+    void SearchAndFollowAHit()
+    {
+        Step("the user searches the project for 'phase'");
+        m_ide.Search("phase");
+        auto& results = ViewOf<CMessageEditCtrl>(m_ide.panes.search);
+        const int line = EditLineOf(results, "lights.c(");
+        Step("the user double-clicks a hit in lights.c");
+        Input::Wait();
+        if (FoundLine(line, "a search hit in lights.c")) {
+            Input::DoubleClick(&results, EditLineCentre(results, line));
+        }
+        m_record.Shot("search", "Search results for 'phase'; a double click went to the hit's line.");
+    }
+
+    void StartDebugging()
+    {
+        Step("the user starts debugging: the debugger reports in its pane; the user clicks its tab");
+        m_ide.ShowDebugMessages();
+        const CRect tab = m_ide.TabRect(&m_ide.panes.debug);
+        Input::Wait();
+        if (Found(tab.IsRectEmpty() ? CPoint(-1, -1) : tab.CenterPoint(), "the debug messages tab")) {
+            Input::Click(&m_ide, tab.CenterPoint());
+        }
+        m_record.Shot("debug-messages", "Debug messages, shown by a click on their tab.");
+    }
+
+    void ResizeAndSwitchTabs()
+    {
+        Step("the user drags the splitter above the bottom panes upwards");
+        const CRect splitter = m_ide.RegionSplitterRect(DockRegion::Bottom);
+        const CPoint from = splitter.CenterPoint();
+        Input::Wait();
+        Input::MouseDown(&m_ide, from);
+        Input::MouseMove(&m_ide, CPoint(from.x, from.y - kBottomSplitterLift / 2));
+        Input::MouseMove(&m_ide, CPoint(from.x, from.y - kBottomSplitterLift));
+        Input::MouseUp(&m_ide, CPoint(from.x, from.y - kBottomSplitterLift));
+        Step("the user clicks the targets tab of the workspace");
+        const CRect targets = m_ide.TabRect(&m_ide.panes.targets);
+        Input::Wait();
+        if (Found(targets.IsRectEmpty() ? CPoint(-1, -1) : targets.CenterPoint(), "the targets tab")) {
+            Input::Click(&m_ide, targets.CenterPoint());
+        }
+        m_record.Shot("resized", "The bottom panes made taller with the splitter; the targets tab shows the build targets and options.");
+    }
+
+    void UseContextMenus()
+    {
+        Step("the user right-clicks a breakpoint and chooses 'go to' from its menu");
+        auto& breakpoints = ViewOf<CBreakPointListTreeCtrl>(m_ide.panes.breakpoints);
+        const CPoint first = BookmarkOf(breakpoints, "main.c");
+        if (!Found(first, "a breakpoint of main.c")) return;
+        Input::Wait();
+        Input::Click(&breakpoints, first);
+        MenuDriver::Queue([this](const ShownMenu&) {
+            m_record.ScreenShot("breakpoint-menu", "The breakpoint view's context menu, open over the frame.");
+            return kBreakpointGoTo;
+        });
+        Input::Wait();
+        Input::RightClick(&breakpoints, first);
+        Step("the user clears all bookmarks from the bookmark view's menu");
+        auto& bookmarks = ViewOf<CBookMarkListTreeCtrl>(m_ide.panes.bookmarks);
+        MenuDriver::Choose(kBookmarkClearAll);
+        Input::Wait();
+        Input::RightClick(&bookmarks, CPoint(20, 8));
+        m_record.Shot("after-menus", "'Go to' from the breakpoint menu opened main.c; all bookmarks cleared from theirs.");
+    }
+
+    void SaveProject()
+    {
+        Step("the host saves the project, watch list included");
+        std::string saved;
+        for (const std::string& expression : m_ide.SaveWatchList()) saved += (saved.empty() ? "" : ", ") + GbkToUtf8(expression);
+        m_ide.transcript.Line("project watch list: " + saved);
+    }
+
+    CIdeFrame& m_ide;
+    TourRecord& m_record;
+    bool m_found = true;
+};
+
+}  // namespace
+
+bool PlayTour(CIdeFrame& ide, TourRecord& record)
+{
+    return Tour(ide, record).Play();
+}

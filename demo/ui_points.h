@@ -1,0 +1,22 @@
+// Where the tour points the mouse: the centres of the things a user clicks,
+// read from the controls' own geometry so the script follows their layout.
+#pragma once
+
+#include <string_view>
+
+#include "grid/grid_ctrl.h"
+#include "platform/controls/rich_edit_ctrl.h"
+#include "platform/controls/tree_ctrl.h"
+
+// The label of the first node (depth first) whose text starts with the GBK
+// text; (-1, -1) when there is none.
+CPoint TreeLabelCentre(CTreeCtrl& tree, std::string_view gbkText);
+// A line of a rich edit, a little right of its start.
+CPoint EditLineCentre(CRichEditCtrl& edit, int line);
+// The first line of a rich edit holding the GBK text; -1 when none does.
+int EditLineOf(CRichEditCtrl& edit, std::string_view gbkText);
+// The centre of a cell, and of a grid line's expand box at the row's level.
+CPoint GridCellCentre(CGridCtrl& grid, int item, int column);
+CPoint GridExpandBoxCentre(CGridCtrl& grid, int item);
+// The first display line whose row text is the GBK text; -1 when none is.
+int GridLineOf(CGridCtrl& grid, std::string_view gbkText);
