@@ -1,8 +1,10 @@
 #!/usr/bin/env bash
-# Builds the demo host and runs it: it loads the panes module, shows the
-# views over a sample project and writes out/panes.png and out/transcript.txt.
+# Builds the demo IDE and plays its tour: it loads the panes module, docks the
+# panes over the sample project and writes numbered screenshots, out/tour.md
+# (one line for each) and out/transcript.txt.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh default demohost dockpanes
 mkdir -p out
+rm -f out/*.png
 build/default/bin/demohost out
