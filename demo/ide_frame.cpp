@@ -156,12 +156,12 @@ void CIdeFrame::AddMarks()
         bool active;
     } marks[] = {
         {"main.c", "void main", false, false},
-        {"main.c", "timer0_init", true, true},
-        {"main.c", "phase", true, false},
-        {"lights.c", "lamp_mask", false, false},
+        {"main.c", "timer0_init();", true, true},
+        {"main.c", "temperature += DRIFT", true, false},
+        {"lights.c", "static void next_phase", false, false},
         {"timer0.c", "__interrupt", false, false},
-        {"timer0.c", "TH0 =", true, true},
-        {"uart.c", "SBUF", false, false},
+        {"timer0.c", "TH0 = RELOAD_HIGH", true, true},
+        {"uart.c", "SBUF = c", false, false},
     };
     for (const auto& mark : marks) {
         const int line = m_project.LineOf(mark.file, mark.at);

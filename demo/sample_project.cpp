@@ -65,9 +65,9 @@ struct Diagnostic {
 // What the build reports: it points at real lines of the sample, found by
 // their text, so the log stays right when the sample is edited.
 constexpr Diagnostic kDiagnostics[] = {
-    {"main.c", "temperature", "warning", "C182", "implicit conversion from 'float' to 'int' may lose precision"},
-    {"lights.c", "lamp_mask[", "warning", "C276", "constant in condition expression"},
-    {"uart.c", "SBUF", "error", "C202", "'SBUF0': undefined identifier"},
+    {"main.c", "temperature += DRIFT", "warning", "C259", "'DRIFT': double constant converted to float"},
+    {"lights.c", "P1 = ~lamp_mask", "warning", "C182", "'~': result truncated to 8 bits"},
+    {"uart.c", "SBUF = c", "error", "C202", "'SBUF': undefined identifier"},
 };
 
 }  // namespace
@@ -198,8 +198,8 @@ std::vector<MessageLineRecord> SampleProject::DebugMessages() const
     return {
         MessageLine(0, GBK("装入 traffic.hex 到模拟目标")),
         MessageLine(1, GBK("复位: PC = 0x0000")),
-        located(1, GBK("停在断点:"), "main.c", "timer0_init"),
-        located(1, GBK("单步:"), "timer0.c", "TH0 ="),
+        located(1, GBK("停在断点:"), "main.c", "timer0_init();"),
+        located(1, GBK("单步:"), "timer0.c", "TH0 = RELOAD_HIGH"),
         MessageLine(1, GBK("定时器 0 中断已使能 (IE = 0x82)")),
     };
 }
