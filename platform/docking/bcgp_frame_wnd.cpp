@@ -168,7 +168,9 @@ void CBCGPFrameWnd::RecalcLayout()
 {
     if (!m_hWnd) return;
     if (m_groups.Prune()) {
-        // Indices into the groups may have moved; a group that lost its shown bar shows another.
+        // Indices into the groups may have moved, so a drag ends; a group
+        // that lost its shown bar shows another.
+        if (m_drag && ::GetCapture() == m_hWnd) ::ReleaseCapture();
         m_drag.reset();
         m_active = m_groups.FindContaining(::GetFocus(), m_hWnd);
         for (size_t r = 0; r < kRegionCount; ++r)

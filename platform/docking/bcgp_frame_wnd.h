@@ -75,6 +75,8 @@ private:
     void InvalidateGroup(const std::optional<docklayout::BarPlace>& place, bool tabsToo);
 
     // Mouse (bcgp_frame_wnd_mouse.cpp).
+    // The group whose part (its caption, its tab strip) lies under a point; tab 0.
+    std::optional<docklayout::BarPlace> GroupHit(CPoint point, CRect docklayout::GroupRects::*part) const;
     bool BeginSplitterDrag(CPoint point);
     void DragSplitterTo(CPoint point);
     bool ClickTab(CPoint point);

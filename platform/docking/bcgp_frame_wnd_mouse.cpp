@@ -103,37 +103,39 @@ void CBCGPFrameWnd::DragSplitterTo(CPoint point)
     RecalcLayout();
 }
 
-bool CBCGPFrameWnd::ClickTab(CPoint point)
+std::optional<BarPlace> CBCGPFrameWnd::GroupHit(CPoint point, CRect GroupRects::*part) const
 {
     for (size_t r = 0; r < kRegionCount; ++r) {
         const std::vector<GroupRects>& rects = m_layout.regions[r].groups;
-        const std::vector<DockGroup>& groups = m_groups.Region(r);
-        for (size_t g = 0; g < rects.size() && g < groups.size(); ++g) {
-            if (!rects[g].tabStrip.PtInRect(point)) continue;
-            const int tab = docklayout::TabAt(rects[g].tabStrip, rects[g].tabs, point);
-            if (tab < 0 || static_cast<size_t>(tab) >= groups[g].bars.size()) return true;
-            auto* bar = dynamic_cast<CBCGPDockingControlBar*>(CWnd::FromHandle(groups[g].bars[static_cast<size_t>(tab)]));
-            if (!bar) return true;
-            ShowTab(bar);
-            bar->SetFocus();
-            return true;
-        }
+        const size_t count = std::min(rects.size(), m_groups.Region(r).size());
+        for (size_t g = 0; g < count; ++g)
+            if ((rects[g].*part).PtInRect(point)) return BarPlace{r, g, 0};
     }
-    return false;
+    return std::nullopt;
+}
+
+bool CBCGPFrameWnd::ClickTab(CPoint point)
+{
+    const std::optional<BarPlace> hit = GroupHit(point, &GroupRects::tabStrip);
+    if (!hit) return false;
+    const GroupRects& rects = m_layout.regions[hit->region].groups[hit->group];
+    const DockGroup& group = m_groups.Region(hit->region)[hit->group];
+    const int tab = docklayout::TabAt(rects.tabStrip, rects.tabs, point);
+    // A click on the strip beside the tabs is the strip's all the same.
+    if (tab < 0 || static_cast<size_t>(tab) >= group.bars.size()) return true;
+    if (auto* bar = dynamic_cast<CBCGPDockingControlBar*>(CWnd::FromHandle(group.bars[static_cast<size_t>(tab)]))) {
+        ShowTab(bar);
+        bar->SetFocus();
+    }
+    return true;
 }
 
 bool CBCGPFrameWnd::ClickCaption(CPoint point)
 {
-    for (size_t r = 0; r < kRegionCount; ++r) {
-        const std::vector<GroupRects>& rects = m_layout.regions[r].groups;
-        const std::vector<DockGroup>& groups = m_groups.Region(r);
-        for (size_t g = 0; g < rects.size() && g < groups.size(); ++g) {
-            if (!rects[g].caption.PtInRect(point)) continue;
-            if (CWnd* shown = CWnd::FromHandle(groups[g].Shown())) shown->SetFocus();
-            return true;
-        }
-    }
-    return false;
+    const std::optional<BarPlace> hit = GroupHit(point, &GroupRects::caption);
+    if (!hit) return false;
+    if (CWnd* shown = CWnd::FromHandle(m_groups.Region(hit->region)[hit->group].Shown())) shown->SetFocus();
+    return true;
 }
 
 void CBCGPFrameWnd::OnFocusMoved(HWND gained)

@@ -16,6 +16,12 @@
 
 namespace docktest {
 
+// Where a test grabs a splitter, a tab or a caption.
+inline CPoint Centre(const CRect& r)
+{
+    return CPoint((r.left + r.right) / 2, (r.top + r.bottom) / 2);
+}
+
 class EditBar : public CBCGPDockingControlBar {
 public:
     CEdit view;

@@ -6,13 +6,9 @@
 
 namespace {
 
+using docktest::Centre;
 using docktest::EditBar;
 using namespace docklayout;
-
-CPoint Centre(const CRect& r)
-{
-    return CPoint((r.left + r.right) / 2, (r.top + r.bottom) / 2);
-}
 
 class FrameSplitters : public docktest::DockFrameFixture {
 protected:
@@ -130,6 +126,21 @@ TEST_F(FrameSplitters, ACaptureTakenAwayEndsTheDrag)
     ::ReleaseCapture();
     Input::MouseMove(&frame, grip + CPoint(30, 0));
     EXPECT_EQ(frame.GetRegionSize(DockRegion::Left), before);
+}
+
+TEST_F(FrameSplitters, ABarDestroyedMidDragEndsTheDragAndFreesTheMouse)
+{
+    const CPoint grip = Centre(frame.GroupSplitterRect(DockRegion::Left, 0));
+    Input::MouseDown(&frame, grip);
+    ASSERT_EQ(CWnd::GetCapture(), &frame);
+    symbols->DestroyWindow();
+    frame.RecalcLayout();
+    EXPECT_EQ(CWnd::GetCapture(), nullptr);
+    Input::MouseMove(&frame, grip + CPoint(0, 40));
+    Input::MouseUp(&frame, grip + CPoint(0, 40));
+    // The group left alone has the whole region.
+    EXPECT_EQ(BarRect(*files), CRect(0, kCaptionHeight, frame.GetRegionSize(DockRegion::Left), kClient.cy));
+    EXPECT_TRUE(frame.GroupSplitterRect(DockRegion::Left, 0).IsRectEmpty());
 }
 
 }  // namespace

@@ -8,13 +8,9 @@
 
 namespace {
 
+using docktest::Centre;
 using docktest::EditBar;
 using namespace docklayout;
-
-CPoint Centre(const CRect& r)
-{
-    return CPoint((r.left + r.right) / 2, (r.top + r.bottom) / 2);
-}
 
 class FrameTabs : public docktest::DockFrameFixture {
 protected:
