@@ -81,7 +81,6 @@ bool CBCGPFrameWnd::BeginSplitterDrag(CPoint point)
 void CBCGPFrameWnd::DragSplitterTo(CPoint point)
 {
     const SplitterDrag drag = *m_drag;
-    const int moved = Across(drag.region) ? point.x - drag.start.x : point.y - drag.start.y;
     if (drag.group < 0) {
         // The region grows towards the centre: rightwards for the left one, leftwards and upwards for the others.
         const DockRegion region = static_cast<DockRegion>(drag.region);
@@ -95,6 +94,7 @@ void CBCGPFrameWnd::DragSplitterTo(CPoint point)
     const std::vector<GroupRects>& rects = m_layout.regions[drag.region].groups;
     const size_t g = static_cast<size_t>(drag.group);
     const int total = drag.before + drag.after;
+    const int moved = Across(drag.region) ? point.x - drag.start.x : point.y - drag.start.y;
     if (g + 1 >= groups.size() || groups.size() != rects.size() || total < 2 * docklayout::kMinGroup) return;
     // Shares become the lengths on screen, so the other groups keep theirs.
     for (size_t i = 0; i < groups.size(); ++i) groups[i].weight = Length(rects[i], drag.region);
