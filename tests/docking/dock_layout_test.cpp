@@ -24,34 +24,6 @@ const RegionRects& RegionOf(const Layout& layout, DockRegion region)
     return layout.regions[Index(region)];
 }
 
-TEST(DockLayout, SidesSpanTheHeightAndTheBottomLiesUnderTheCentreOnly)
-{
-    const Layout layout = Compute(SpecWith(CSize(800, 600), 1, 1, 1));
-    const CRect& left = RegionOf(layout, DockRegion::Left).region;
-    const CRect& right = RegionOf(layout, DockRegion::Right).region;
-    const CRect& bottom = RegionOf(layout, DockRegion::Bottom).region;
-    EXPECT_EQ(left, CRect(0, 0, 200, 600));
-    EXPECT_EQ(right, CRect(650, 0, 800, 600));
-    EXPECT_EQ(RegionOf(layout, DockRegion::Left).splitter, CRect(200, 0, 200 + kSplitterSize, 600));
-    EXPECT_EQ(RegionOf(layout, DockRegion::Right).splitter, CRect(650 - kSplitterSize, 0, 650, 600));
-    EXPECT_EQ(bottom, CRect(200 + kSplitterSize, 480, 650 - kSplitterSize, 600));
-    EXPECT_EQ(RegionOf(layout, DockRegion::Bottom).splitter, CRect(bottom.left, 480 - kSplitterSize, bottom.right, 480));
-    EXPECT_EQ(layout.centre, CRect(bottom.left, 0, bottom.right, 480 - kSplitterSize));
-}
-
-TEST(DockLayout, EmptyRegionsTakeNoRoomAndHaveNoSplitter)
-{
-    const Layout none = Compute(SpecWith(CSize(800, 600), 0, 0, 0));
-    EXPECT_EQ(none.centre, CRect(0, 0, 800, 600));
-    for (const RegionRects& region : none.regions) {
-        EXPECT_TRUE(region.region.IsRectEmpty());
-        EXPECT_TRUE(region.splitter.IsRectEmpty());
-    }
-    const Layout bottomOnly = Compute(SpecWith(CSize(800, 600), 0, 0, 1));
-    EXPECT_EQ(RegionOf(bottomOnly, DockRegion::Bottom).region, CRect(0, 480, 800, 600));
-    EXPECT_EQ(bottomOnly.centre, CRect(0, 0, 800, 480 - kSplitterSize));
-}
-
 TEST(DockLayout, GroupsShareTheirRegionByWeightWithSplittersBetween)
 {
     Spec spec = SpecWith(CSize(800, 600), 3, 0, 2);
@@ -73,22 +45,6 @@ TEST(DockLayout, GroupsShareTheirRegionByWeightWithSplittersBetween)
     EXPECT_EQ(bottom[0].group.top, bottom[1].group.top);
     EXPECT_EQ(bottom[0].splitter.right, bottom[1].group.left);
     EXPECT_EQ(bottom[1].group.right, RegionOf(layout, DockRegion::Bottom).region.right);
-}
-
-TEST(DockLayout, AGroupIsCaptionBodyAndATabStripOnlyForSeveralBars)
-{
-    Spec spec = SpecWith(CSize(800, 600), 2, 0, 0);
-    spec.groups[Index(DockRegion::Left)][1].bars = 3;
-    const Layout layout = Compute(spec);
-    const GroupRects& single = RegionOf(layout, DockRegion::Left).groups[0];
-    EXPECT_EQ(single.caption, CRect(0, 0, 200, kCaptionHeight));
-    EXPECT_EQ(single.body, CRect(0, kCaptionHeight, 200, single.group.bottom));
-    EXPECT_TRUE(single.tabStrip.IsRectEmpty());
-
-    const GroupRects& tabbed = RegionOf(layout, DockRegion::Left).groups[1];
-    EXPECT_EQ(tabbed.tabStrip, CRect(0, 600 - kTabStripHeight, 200, 600));
-    EXPECT_EQ(tabbed.body, CRect(0, tabbed.group.top + kCaptionHeight, 200, 600 - kTabStripHeight));
-    EXPECT_EQ(tabbed.tabs, 3);
 }
 
 TEST(DockLayout, TabsShareTheStripUpToAWidthAndHitTestingAgrees)
