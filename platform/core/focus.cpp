@@ -1,11 +1,53 @@
 // Keyboard focus and mouse capture: one window each, for the whole thread.
+#include <map>
+
+#include "platform/core/focus_watch.h"
 #include "platform/core/window_registry.h"
 #include "platform/core/wnd.h"
 
 namespace {
 HWND g_focus = nullptr;
 HWND g_capture = nullptr;
+
+struct Watchers {
+    std::map<int, FocusWatch::Watcher> byCookie;
+    int next = 1;
+};
+
+Watchers& TheWatchers()
+{
+    static Watchers watchers;
+    return watchers;
+}
+
+void TellWatchers(HWND lost, HWND gained)
+{
+    Watchers& watchers = TheWatchers();
+    // Looked up one by one, so that a watcher may remove itself or another.
+    for (auto it = watchers.byCookie.begin(); it != watchers.byCookie.end();) {
+        const int cookie = it->first;
+        const FocusWatch::Watcher watcher = it->second;
+        watcher(lost, gained);
+        it = watchers.byCookie.upper_bound(cookie);
+    }
+}
 }  // namespace
+
+namespace FocusWatch {
+
+int Add(Watcher watcher)
+{
+    Watchers& watchers = TheWatchers();
+    watchers.byCookie.emplace(watchers.next, std::move(watcher));
+    return watchers.next++;
+}
+
+void Remove(int cookie)
+{
+    TheWatchers().byCookie.erase(cookie);
+}
+
+}  // namespace FocusWatch
 
 HWND GetFocus()
 {
@@ -23,6 +65,8 @@ HWND SetFocus(HWND hwnd)
     g_focus = hwnd;
     if (old) ::SendMessage(old, WM_KILLFOCUS, reinterpret_cast<WPARAM>(hwnd), 0);
     if (hwnd && g_focus == hwnd && IsWindow(hwnd)) ::SendMessage(hwnd, WM_SETFOCUS, reinterpret_cast<WPARAM>(old), 0);
+    // Only the move that stuck is told; a handler's later move told its own.
+    if (g_focus == hwnd) TellWatchers(old, hwnd);
     return old;
 }
 
