@@ -114,7 +114,7 @@ private:
 
     Node Unary()
     {
-        if (IsOperator(Peek(), "(") && Peek(1) && StartsTypeName(*Peek(1))) return Cast();
+        if (IsOperator(Peek(), "(") && StartsTypeName(m_tokens, m_next + 1)) return Cast();
         // "&&x" outside a binary operator is & applied twice.
         if (TakeOperator("&&")) return Prefix("&", Prefix("&", nullptr));
         for (const std::string_view spelling : kPrefixOperators) {

@@ -1,5 +1,6 @@
 #include "demo/debugger/type_name.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <string_view>
@@ -26,6 +27,12 @@ constexpr std::array<Qualifier, 5> kQualifiers{{
     {"code", "__code", WS_CODE},
 }};
 
+// Special function registers and their bits are reached by direct address
+// only: no pointer points there, and no value is cast into one.
+constexpr std::array<std::string_view, 8> kRegisterQualifiers{
+    "sfr", "__sfr", "sfr16", "__sfr16", "sfr32", "__sfr32", "sbit", "__sbit",
+};
+
 // Each basic word counted once per use: "long long" counts two.
 struct Words {
     int sign = 0;  // signed or unsigned
@@ -41,6 +48,11 @@ constexpr std::array<std::string_view, 17> kOpeningWords{
 bool Is(const Token& token, std::string_view word)
 {
     return token.kind == Token::Kind::Name && token.text == word;
+}
+
+bool IsRegisterQualifier(std::string_view word)
+{
+    return std::find(kRegisterQualifiers.begin(), kRegisterQualifiers.end(), word) != kRegisterQualifiers.end();
 }
 
 std::optional<std::uint32_t> QualifierSpace(const Token& token, bool plainToo)
@@ -98,13 +110,17 @@ std::uint32_t BasicType(const Words& w)
 
 }  // namespace
 
-bool StartsTypeName(const Token& token)
+bool StartsTypeName(const std::vector<Token>& tokens, std::size_t at)
 {
-    if (token.kind != Token::Kind::Name) return false;
-    for (const std::string_view word : kOpeningWords) {
-        if (token.text == word) return true;
-    }
-    return QualifierSpace(token, false).has_value();
+    const auto opening = [&](std::size_t i) {
+        return i < tokens.size() && tokens[i].kind == Token::Kind::Name &&
+               std::find(kOpeningWords.begin(), kOpeningWords.end(), tokens[i].text) != kOpeningWords.end();
+    };
+    if (at >= tokens.size() || tokens[at].kind != Token::Kind::Name) return false;
+    if (opening(at)) return true;
+    if (tokens[at].text.starts_with("__")) return IsRegisterQualifier(tokens[at].text) || QualifierSpace(tokens[at], false);
+    // A plain qualifier first ("xdata char *") needs a type word after it.
+    return QualifierSpace(tokens[at], true) && opening(at + 1);
 }
 
 CastType ReadTypeName(const std::vector<Token>& tokens, std::size_t& next)
@@ -118,6 +134,7 @@ CastType ReadTypeName(const std::vector<Token>& tokens, std::size_t& next)
             const Token* tag = at(next + 1);
             Fail(tag && tag->kind == Token::Kind::Name ? WERR_NUMERIC_TYPE : WERR_EXPRESSION_FORMAT);
         }
+        if (IsRegisterQualifier(token->text)) Fail(WERR_NO_SPACE);
         if (const std::optional<std::uint32_t> space = QualifierSpace(*token, true)) {
             if (qualified) Fail(WERR_EXPRESSION_FORMAT);
             qualified = true;

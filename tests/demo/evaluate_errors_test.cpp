@@ -2,6 +2,8 @@
 // says why, and a record that no longer describes an object.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <vector>
 
@@ -19,6 +21,33 @@ void ExpectError(std::uint32_t errorId, std::initializer_list<std::string> texts
         const WatchRecord record = driver.Evaluate(text);
         EXPECT_EQ(record.status, 0);
         EXPECT_EQ(record.errorId, errorId);
+    }
+}
+
+TEST(EvaluateErrors, EveryMessageIdHasAnInputThatBringsItOut)
+{
+    struct Case {
+        std::uint32_t id;
+        const char* text;
+    };
+    const Case cases[] = {
+        {WERR_WRONG_EXPRESSION, "phase = 1"},      {WERR_EXPRESSION_FORMAT, "(unsigned char xdata)"},
+        {WERR_ILLEGAL_CHARACTER, "phase # 1"},     {WERR_NUMERIC_TYPE, "cfg == 1"},
+        {WERR_MISSING_OPEN, "phase)"},             {WERR_MISSING_CLOSE, "(phase"},
+        {WERR_DIVISION_BY_ZERO, "1 / 0"},          {WERR_UNDEFINED, "(byte)phase"},
+        {WERR_STRING_TOO_LONG, "'AB'"},            {WERR_QUOTES, "'A"},
+        {WERR_NOT_BIT_ADDRESSABLE, "&red"},        {WERR_NO_SPACE, "(char __sfr *)0x80"},
+        {WERR_READ_FAILED, "timings[12]"},         {WERR_INVALID_POINTER, "*(char xdata *)0"},
+    };
+    const std::uint32_t ids[] = {WERR_WRONG_EXPRESSION, WERR_EXPRESSION_FORMAT, WERR_ILLEGAL_CHARACTER,
+                                 WERR_NUMERIC_TYPE, WERR_MISSING_OPEN, WERR_MISSING_CLOSE, WERR_DIVISION_BY_ZERO,
+                                 WERR_UNDEFINED, WERR_STRING_TOO_LONG, WERR_QUOTES, WERR_NOT_BIT_ADDRESSABLE,
+                                 WERR_NO_SPACE, WERR_READ_FAILED, WERR_INVALID_POINTER};
+    ServiceDriver driver;
+    for (const std::uint32_t id : ids) {
+        const auto found = std::find_if(std::begin(cases), std::end(cases), [id](const Case& c) { return c.id == id; });
+        ASSERT_NE(found, std::end(cases)) << "no input for message " << id;
+        EXPECT_EQ(driver.ErrorOf(found->text), id) << found->text;
     }
 }
 
@@ -66,6 +95,30 @@ TEST(EvaluateErrors, TextThatIsNoExpressionHasAFormatError)
                                          "cfg->", "1 + / 2"});
 }
 
+TEST(EvaluateErrors, AssignmentsAreWrongExpressions)
+{
+    // A watch reads the target; "=" in any assignment is refused before the
+    // text's form is looked at.
+    ExpectError(WERR_WRONG_EXPRESSION, {"phase = 1", "phase += 1", "ticks <<= 1", "= 1", "(phase = 1)", "1 === 2",
+                                        "cfg.red_time = nosuch +"});
+}
+
+TEST(EvaluateErrors, MalformedComparisonsAndCastsHaveAFormatError)
+{
+    ExpectError(WERR_EXPRESSION_FORMAT, {"1 <", "< 1", "1 && ", "|| 1", "!", "1 ! 2", "1 <> 2", "(int)",
+                                         "(unsigned char xdata)", "(char *)", "(struct)x", "(union)sensor",
+                                         "(unsigned float)1", "(long char)1", "(signed unsigned)1", "(short long)1",
+                                         "(char char)1", "(float int)1", "(unsigned bit)1", "(const)1",
+                                         "(__xdata *)0", "(int xdata code *)0", "(int 5)", "(int * x)0",
+                                         "(char * * * * * * * * *)0"});
+}
+
+TEST(EvaluateErrors, CastsToNamesThatAreNoTypesAreUndefined)
+{
+    ExpectError(WERR_UNDEFINED, {"(byte)phase", "(uint8_t)0x100", "(foo)(1)", "(xdata)1", "(phase)ticks",
+                                 "(unsigned char)nosuch"});
+}
+
 TEST(EvaluateErrors, NestingIsBounded)
 {
     ServiceDriver driver;
@@ -77,7 +130,8 @@ TEST(EvaluateErrors, NestingIsBounded)
 
 TEST(EvaluateErrors, DivisionByZeroIsCaughtForEveryType)
 {
-    ExpectError(WERR_DIVISION_BY_ZERO, {"1 / 0", "5 % 0", "ticks / ticks", "1.0 / 0", "1L % (2 - 2)"});
+    ExpectError(WERR_DIVISION_BY_ZERO, {"1 / 0", "5 % 0", "ticks / ticks", "1.0 / 0", "1L % (2 - 2)", "0 || 1 / 0",
+                                        "1 && 1 % 0", "(int)(1 / 0)", "1 / (char)256"});
 }
 
 TEST(EvaluateErrors, OperatorsOnTypesThatDoNotTakeThemAreNumericTypeErrors)
@@ -88,6 +142,25 @@ TEST(EvaluateErrors, OperatorsOnTypesThatDoNotTakeThemAreNumericTypeErrors)
                                     "timings[cfg]"});
 }
 
+TEST(EvaluateErrors, AggregatesHaveNoValueToCompareTestOrCast)
+{
+    ExpectError(WERR_NUMERIC_TYPE, {"cfg == cfg", "cfg != 0", "lights[0] < 1", "1 >= sensor", "sensor && 1",
+                                    "0 || cfg", "!cfg", "!lights[0]", "(int)cfg", "(char *)sensor",
+                                    "(unsigned char)lights[1]"});
+}
+
+TEST(EvaluateErrors, CastsTheWatchCannotMakeAreNumericTypeErrors)
+{
+    ExpectError(WERR_NUMERIC_TYPE, {"(struct light)x", "(struct light xdata *)current", "(union reading)sensor",
+                                    "(enum mode)1", "(long long)1", "(void)phase", "(void *)0", "(float)cursor",
+                                    "(char *)1.5", "cursor < 1.5", "2.0 == label"});
+}
+
+TEST(EvaluateErrors, RegistersHaveNoSpaceAPointerCanLocate)
+{
+    ExpectError(WERR_NO_SPACE, {"(unsigned char __sfr *)0x80", "*(char sfr *)0x90", "(__sbit)1", "(int __sfr16 *)0"});
+}
+
 TEST(EvaluateErrors, OnlyObjectsOutsideTheBitSpaceHaveAnAddress)
 {
     ExpectError(WERR_NOT_BIT_ADDRESSABLE, {"&red", "&green"});
@@ -95,7 +168,9 @@ TEST(EvaluateErrors, OnlyObjectsOutsideTheBitSpaceHaveAnAddress)
 
 TEST(EvaluateErrors, NullPointersAndUnknownSpacesAreInvalidPointers)
 {
-    ExpectError(WERR_INVALID_POINTER, {"*fault", "fault->state", "fault[0]", "fault->cfg.red_time"});
+    ExpectError(WERR_INVALID_POINTER, {"*fault", "fault->state", "fault[0]", "fault->cfg.red_time",
+                                       "*(char xdata *)0", "*(int code *)0x10000", "*(char *)0x200810",
+                                       "*(char *)(unsigned char xdata *)0"});
 
     ServiceDriver driver;
     WatchRecord label = driver.Evaluate("label");
@@ -106,7 +181,8 @@ TEST(EvaluateErrors, NullPointersAndUnknownSpacesAreInvalidPointers)
 
 TEST(EvaluateErrors, IndexesOutsideADeclaredArrayNameNoElement)
 {
-    ExpectError(WERR_READ_FAILED, {"timings[12]", "timings[-1]", "lights[3].state", "name[8]", "lights[1].lamps[3]"});
+    ExpectError(WERR_READ_FAILED, {"timings[12]", "timings[-1]", "lights[3].state", "name[8]", "lights[1].lamps[3]",
+                                   "*(long data *)0xFE + 1", "(int)*(int idata *)0xFF"});
 }
 
 TEST(EvaluateErrors, ValuesThatCannotBeReadFailOnlyWhereTheValueIsNeeded)
