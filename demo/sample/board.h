@@ -1,6 +1,10 @@
 /*
  * board.h - the on-chip peripherals the program uses: timer 0 paces the main
  * loop, and the UART (clocked by timer 1) reports each phase switch.
+ *
+ * Wiring: the lamp drivers of the main light hang on port 1, active low
+ * (P1.0 red, P1.1 yellow, P1.2 green); TXD (P3.1) goes to the cabinet's
+ * service connector. Timer 1 belongs to the UART and is not free.
  */
 #ifndef BOARD_H
 #define BOARD_H

@@ -1,10 +1,8 @@
 /*
  * lights.c - the junction's phases: red, then green, then yellow, each
  * lasting a number of main-loop passes, with every light of the junction
- * running one phase ahead of the light before it.
- *
- * The variables sit at fixed addresses so that a debugger session, a memory
- * dump and the map file all agree on where to find them.
+ * running one phase ahead of the light before it. The variables sit at fixed
+ * addresses so that a debugger, a memory dump and the map file agree.
  */
 #include <8051.h>
 
