@@ -15,16 +15,16 @@ Evaluated Computed(TypeId type, std::uint32_t bits)
     return {type, WS_NUMBER, 0, bits};
 }
 
-bool IsComparison(const std::string& op)
+// What a comparison with a pointer compares, as unsigned long. Two pointers
+// compare by where they point: a space's pointer as the generic pointer to
+// the same place, so pointers into different spaces never meet. A pointer
+// meets a whole number by the bits it holds, as its value shows.
+std::uint32_t ComparisonKey(const Evaluated& value, const TypeInfo& type, bool otherIsPointer)
 {
-    return op == "<" || op == ">" || op == "<=" || op == ">=" || op == "==" || op == "!=";
-}
-
-// Pointers compare by where they point: a space's pointer as the generic
-// pointer to the same place, so pointers into different spaces never meet.
-std::uint32_t PointerKey(const Evaluated& pointer, const TypeInfo& type)
-{
-    return type.code == WT_POINTER ? EncodeGenericPointer(type.targetSpace, pointer.bits) : pointer.bits;
+    if (type.code == WT_POINTER && otherIsPointer) return EncodeGenericPointer(type.targetSpace, value.bits);
+    if (IsPointerCode(type.code)) return value.bits;
+    if (!IsIntegral(type.code)) Fail(WERR_NUMERIC_TYPE);
+    return static_cast<std::uint32_t>(IntegerOf({type.code, value.bits}));
 }
 
 }  // namespace
@@ -87,14 +87,8 @@ Evaluated ExpressionEvaluator::Binary(const ExpressionNode& node)
     const bool leftPointer = IsPointerCode(leftType.code);
     const bool rightPointer = IsPointerCode(rightType.code);
     if (IsComparison(node.text) && (leftPointer || rightPointer)) {
-        // A pointer meets a whole number by the bits it holds, as its value shows.
-        if (!IsPointerCode(leftType.code) && !IsIntegral(leftType.code)) Fail(WERR_NUMERIC_TYPE);
-        if (!IsPointerCode(rightType.code) && !IsIntegral(rightType.code)) Fail(WERR_NUMERIC_TYPE);
-        const auto key = [&](const Evaluated& value, const TypeInfo& type) -> std::uint32_t {
-            if (IsPointerCode(type.code)) return leftPointer && rightPointer ? PointerKey(value, type) : value.bits;
-            return static_cast<std::uint32_t>(IntegerOf({type.code, value.bits}));
-        };
-        const Number result = ApplyBinary(node.text, {WT_ULONG, key(left, leftType)}, {WT_ULONG, key(right, rightType)});
+        const Number result = ApplyBinary(node.text, {WT_ULONG, ComparisonKey(left, leftType, rightPointer)},
+                                          {WT_ULONG, ComparisonKey(right, rightType, leftPointer)});
         return Computed(m_types.Scalar(result.type), result.bits);
     }
     if (!leftPointer && !rightPointer) {

@@ -37,11 +37,6 @@ Number Truth(bool value)
     return {WT_INT, value ? 1u : 0u};
 }
 
-bool IsComparison(std::string_view op)
-{
-    return op == "<" || op == ">" || op == "<=" || op == ">=" || op == "==" || op == "!=";
-}
-
 template <typename T>
 Number Compare(std::string_view op, T a, T b)
 {
@@ -112,6 +107,11 @@ std::int64_t IntegerOf(const Number& number)
     if (std::isnan(value)) return 0;
     constexpr float kLimit = 9.2e18f;
     return static_cast<std::int64_t>(std::clamp(value, -kLimit, kLimit));
+}
+
+bool IsComparison(std::string_view op)
+{
+    return op == "<" || op == ">" || op == "<=" || op == ">=" || op == "==" || op == "!=";
 }
 
 bool IsNonZero(const Number& number)

@@ -14,6 +14,8 @@ struct Number {
 
 // The value as a signed or unsigned number of its type, widened.
 std::int64_t IntegerOf(const Number& number);
+// < > <= >= == !=, which give the int 0 or 1.
+bool IsComparison(std::string_view op);
 // Whether C takes the value as true: not zero (a float's -0.0 is zero).
 bool IsNonZero(const Number& number);
 // The value converted to another arithmetic type as a cast does: integers
