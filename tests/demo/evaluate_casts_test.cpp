@@ -4,34 +4,10 @@
 
 #include <bit>
 
+#include "tests/demo/expected_record.h"
 #include "tests/demo/service_driver.h"
 
 namespace {
-
-struct Expected {
-    const char* text;
-    std::uint32_t type;
-    std::uint32_t space;
-    std::uint32_t address;
-    std::uint32_t size;
-    std::uint32_t value;
-};
-
-void ExpectRecords(std::initializer_list<Expected> cases)
-{
-    ServiceDriver driver;
-    for (const Expected& expected : cases) {
-        SCOPED_TRACE(expected.text);
-        const WatchRecord record = driver.Evaluate(expected.text);
-        ASSERT_EQ(record.status, 1) << "error " << record.errorId;
-        EXPECT_EQ(record.type, expected.type);
-        EXPECT_EQ(record.space, expected.space);
-        EXPECT_EQ(record.address, expected.address);
-        EXPECT_EQ(record.size, expected.size);
-        EXPECT_EQ(record.value, expected.value);
-        EXPECT_EQ(record.unavailable, 0u);
-    }
-}
 
 std::uint32_t FloatBits(float value)
 {
@@ -40,7 +16,8 @@ std::uint32_t FloatBits(float value)
 
 TEST(EvaluateCasts, IntegersAreCutToTheTypeAndReadBackWithItsSign)
 {
-    ExpectRecords({
+    ServiceDriver driver;
+    ExpectRecords(driver, {
         {"(char)300", WT_CHAR, WS_NUMBER, 0, 1, 44},
         {"(char)200", WT_CHAR, WS_NUMBER, 0, 1, 0xC8},
         {"(char)200 + 0", WT_INT, WS_NUMBER, 0, 2, 0xFFC8},
@@ -67,7 +44,8 @@ TEST(EvaluateCasts, IntegersAreCutToTheTypeAndReadBackWithItsSign)
 
 TEST(EvaluateCasts, FloatsConvertTheirValueNotTheirBits)
 {
-    ExpectRecords({
+    ServiceDriver driver;
+    ExpectRecords(driver, {
         {"(int)3.99", WT_INT, WS_NUMBER, 0, 2, 3},
         {"(int)-3.99", WT_INT, WS_NUMBER, 0, 2, 0xFFFD},
         {"(unsigned char)257.9", WT_UCHAR, WS_NUMBER, 0, 1, 1},
@@ -82,7 +60,8 @@ TEST(EvaluateCasts, FloatsConvertTheirValueNotTheirBits)
 
 TEST(EvaluateCasts, ACastBindsAsAPrefixDoes)
 {
-    ExpectRecords({
+    ServiceDriver driver;
+    ExpectRecords(driver, {
         {"(char)0x100 + 1", WT_INT, WS_NUMBER, 0, 2, 1},
         {"-(unsigned char)1", WT_INT, WS_NUMBER, 0, 2, 0xFFFF},
         {"(unsigned char)(char)-1", WT_UCHAR, WS_NUMBER, 0, 1, 0xFF},
@@ -94,7 +73,8 @@ TEST(EvaluateCasts, ACastBindsAsAPrefixDoes)
 
 TEST(EvaluateCasts, NumbersBecomePointersIntoTheNamedSpace)
 {
-    ExpectRecords({
+    ServiceDriver driver;
+    ExpectRecords(driver, {
         {"(unsigned char xdata *)0x100", WT_POINTER, WS_NUMBER, 0, 2, 0x100},
         {"(int code *)0x800", WT_POINTER, WS_NUMBER, 0, 2, 0x800},
         {"(unsigned char data *)0x1234", WT_POINTER, WS_NUMBER, 0, 1, 0x34},  // one byte of address
@@ -111,7 +91,8 @@ TEST(EvaluateCasts, NumbersBecomePointersIntoTheNamedSpace)
 
 TEST(EvaluateCasts, PointersCastToPointersKeepWhereTheyPoint)
 {
-    ExpectRecords({
+    ServiceDriver driver;
+    ExpectRecords(driver, {
         {"(char *)name", WT_GENERAL_POINTER, WS_NUMBER, 0, 3, 0x800810},
         {"(char *)&mode", WT_GENERAL_POINTER, WS_NUMBER, 0, 3, 0x400080},
         {"(unsigned char *)cursor", WT_GENERAL_POINTER, WS_NUMBER, 0, 3, 0x000160},
@@ -126,7 +107,8 @@ TEST(EvaluateCasts, PointersCastToPointersKeepWhereTheyPoint)
 
 TEST(EvaluateCasts, CastPointersReadTheSpaceTheyName)
 {
-    ExpectRecords({
+    ServiceDriver driver;
+    ExpectRecords(driver, {
         {"*(unsigned char xdata *)0x100", WT_UCHAR, WS_XDATA, 0x100, 1, 10},
         {"*(unsigned int __xdata *)0x100", WT_UINT, WS_XDATA, 0x100, 2, 10},
         {"*(int xdata *)0x122", WT_INT, WS_XDATA, 0x122, 2, 5},

@@ -126,6 +126,17 @@ TEST(EvaluateErrors, NestingIsBounded)
     EXPECT_EQ(driver.Evaluate(nested(60)).status, 1);
     EXPECT_EQ(driver.ErrorOf(nested(65)), WERR_EXPRESSION_FORMAT);
     EXPECT_EQ(driver.ErrorOf(std::string(500, '-') + "1"), WERR_EXPRESSION_FORMAT);
+    // Casts and the new prefixes nest under the same bound.
+    const auto repeated = [](std::string_view part, int times) {
+        std::string text;
+        for (int i = 0; i < times; ++i) text += part;
+        return text + "1";
+    };
+    EXPECT_EQ(driver.Evaluate(repeated("(int)", 60)).status, 1);
+    EXPECT_EQ(driver.ErrorOf(repeated("(int)", 65)), WERR_EXPRESSION_FORMAT);
+    EXPECT_EQ(driver.ErrorOf(repeated("!", 500)), WERR_EXPRESSION_FORMAT);
+    EXPECT_EQ(driver.ErrorOf(repeated("&&", 300)), WERR_EXPRESSION_FORMAT);
+    EXPECT_EQ(driver.ErrorOf(repeated("(char xdata *)", 70)), WERR_EXPRESSION_FORMAT);
 }
 
 TEST(EvaluateErrors, DivisionByZeroIsCaughtForEveryType)

@@ -2,8 +2,9 @@
 // nowhere, by C's precedence and its usual conversions for a 16-bit int.
 #include <gtest/gtest.h>
 
-#include <bit>
+#include <vector>
 
+#include "tests/demo/expected_record.h"
 #include "tests/demo/service_driver.h"
 
 namespace {
@@ -16,17 +17,10 @@ struct Expected {
 // Every case is an int truth value: type int, two bytes, no place.
 void ExpectTruths(std::initializer_list<Expected> cases)
 {
+    std::vector<ExpectedRecord> records;
+    for (const Expected& expected : cases) records.push_back({expected.text, WT_INT, WS_NUMBER, 0, 2, expected.value});
     ServiceDriver driver;
-    for (const Expected& expected : cases) {
-        SCOPED_TRACE(expected.text);
-        const WatchRecord record = driver.Evaluate(expected.text);
-        ASSERT_EQ(record.status, 1) << "error " << record.errorId;
-        EXPECT_EQ(record.type, WT_INT);
-        EXPECT_EQ(record.space, WS_NUMBER);
-        EXPECT_EQ(record.size, 2u);
-        EXPECT_EQ(record.address, 0u);
-        EXPECT_EQ(record.value, expected.value);
-    }
+    ExpectRecords(driver, records);
 }
 
 TEST(EvaluateOperators, ComparisonsOfConstantsGiveZeroOrOne)
