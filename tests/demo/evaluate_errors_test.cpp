@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
+#include <set>
 #include <vector>
 
 #include "platform/text/gbk.h"
@@ -48,6 +49,29 @@ TEST(EvaluateErrors, EveryMessageIdHasAnInputThatBringsItOut)
         const auto found = std::find_if(std::begin(cases), std::end(cases), [id](const Case& c) { return c.id == id; });
         ASSERT_NE(found, std::end(cases)) << "no input for message " << id;
         EXPECT_EQ(driver.ErrorOf(found->text), id) << found->text;
+    }
+}
+
+TEST(EvaluateErrors, EveryCutOfAnExpressionGetsAnAnswer)
+{
+    // Text cut anywhere, as the user types it: each prefix evaluates or
+    // names one of the messages, and nothing reads past what it was given.
+    const std::set<std::uint32_t> known{WERR_WRONG_EXPRESSION, WERR_EXPRESSION_FORMAT, WERR_ILLEGAL_CHARACTER,
+                                        WERR_NUMERIC_TYPE,     WERR_MISSING_OPEN,      WERR_MISSING_CLOSE,
+                                        WERR_DIVISION_BY_ZERO, WERR_UNDEFINED,         WERR_STRING_TOO_LONG,
+                                        WERR_QUOTES,           WERR_NOT_BIT_ADDRESSABLE, WERR_NO_SPACE,
+                                        WERR_READ_FAILED,      WERR_INVALID_POINTER};
+    ServiceDriver driver;
+    for (const std::string text : {"*(unsigned char __xdata *)(cursor + 1) != 0 && !(phase >= 2 || red)",
+                                   "(long)((char code *)label)[2] <= (signed char)'\\x80' == -(float)temperature",
+                                   "fault && fault->cfg.offset > (int)lights[1].lamps[2] || (bit)0x100"}) {
+        EXPECT_EQ(driver.Evaluate(text).status, 1) << text;
+        for (std::size_t length = 0; length < text.size(); ++length) {
+            const WatchRecord record = driver.Evaluate(text.substr(0, length));
+            if (record.status == 0) {
+                EXPECT_TRUE(known.contains(record.errorId)) << text.substr(0, length);
+            }
+        }
     }
 }
 
