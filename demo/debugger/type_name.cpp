@@ -40,8 +40,10 @@ struct Words {
     int chars = 0, shorts = 0, ints = 0, longs = 0, floats = 0, bits = 0, voids = 0;
 };
 
+// C's words for types and their qualifiers, and SDCC's bit: after "(" each
+// can only start a cast.
 constexpr std::array<std::string_view, 17> kOpeningWords{
-    "signed", "unsigned", "char",  "short", "int",   "long",  "float",  "double",   "bit",
+    "signed", "unsigned", "char",  "short", "int",      "long",   "float", "double", "bit",
     "__bit",  "_Bool",    "void",  "const", "volatile", "struct", "union", "enum",
 };
 
