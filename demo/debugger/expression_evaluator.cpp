@@ -124,7 +124,9 @@ bool ExpressionEvaluator::IsTrue(const Evaluated& value) const
 TypeId ExpressionEvaluator::CastTarget(const CastType& cast)
 {
     TypeId type = m_types.Scalar(cast.code);
-    for (std::uint32_t level = 0; level < cast.pointers; ++level) type = m_types.Pointer(type, level == 0 ? cast.space : WS_NONE);
+    for (std::uint32_t level = 0; level < cast.pointers; ++level) {
+        type = m_types.Pointer(type, level == 0 ? cast.space : WS_NONE);
+    }
     return type;
 }
 

@@ -16,7 +16,8 @@ using Node = std::unique_ptr<ExpressionNode>;
 
 // Binary operators from the loosest to the tightest binding.
 const std::array<std::initializer_list<std::string_view>, 10> kLevels{{
-    {"||"}, {"&&"}, {"|"}, {"^"}, {"&"}, {"==", "!="}, {"<=", ">=", "<", ">"}, {"<<", ">>"}, {"+", "-"}, {"*", "/", "%"},
+    {"||"}, {"&&"}, {"|"}, {"^"}, {"&"}, {"==", "!="}, {"<=", ">=", "<", ">"},
+    {"<<", ">>"}, {"+", "-"}, {"*", "/", "%"},
 }};
 constexpr std::string_view kPrefixOperators[] = {"-", "+", "~", "!", "*", "&"};
 // Nested brackets and prefixes; a watch expression never comes near it, and

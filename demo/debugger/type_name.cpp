@@ -120,7 +120,9 @@ bool StartsTypeName(const std::vector<Token>& tokens, std::size_t at)
     };
     if (at >= tokens.size() || tokens[at].kind != Token::Kind::Name) return false;
     if (opening(at)) return true;
-    if (tokens[at].text.starts_with("__")) return IsRegisterQualifier(tokens[at].text) || QualifierSpace(tokens[at], false);
+    if (tokens[at].text.starts_with("__")) {
+        return IsRegisterQualifier(tokens[at].text) || QualifierSpace(tokens[at], false);
+    }
     // A plain qualifier first ("xdata char *") needs a type word after it.
     return QualifierSpace(tokens[at], true) && opening(at + 1);
 }

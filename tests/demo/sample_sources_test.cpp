@@ -54,14 +54,18 @@ std::uint32_t SpaceOf(const std::string& keyword)
 // right before __at is the variable's own space.
 std::multimap<std::string, Placement> AbsoluteDeclarations(const std::string& text)
 {
-    static const std::regex declaration(
-        R"(([\w\s*]*?)\b(__bit|__data|__idata|__pdata|__xdata|__code)\s+__at\s*\(\s*(0x[0-9A-Fa-f]+)\s*\)[^;=\[]*\b([A-Za-z_]\w*)\s*(?:\[[^\]]*\]\s*)?[;=])");
+    // 1: what comes before the space in the statement, 2: the space,
+    // 3: the address, 4: the name, before an optional [size] and ";" or "=".
+    static const std::regex declaration(R"(([\w\s*]*?)\b(__bit|__data|__idata|__pdata|__xdata|__code))"
+                                        R"(\s+__at\s*\(\s*(0x[0-9A-Fa-f]+)\s*\))"
+                                        R"([^;=\[]*\b([A-Za-z_]\w*)\s*(?:\[[^\]]*\]\s*)?[;=])");
     static const std::regex externWord(R"(\bextern\b)");
     std::multimap<std::string, Placement> found;
-    for (auto match = std::sregex_iterator(text.begin(), text.end(), declaration); match != std::sregex_iterator(); ++match) {
-        const Placement placement{SpaceOf((*match)[2]), static_cast<std::uint32_t>(std::stoul((*match)[3], nullptr, 16)),
-                                  std::regex_search((*match)[1].str(), externWord)};
-        found.emplace((*match)[4], placement);
+    const auto end = std::sregex_iterator();
+    for (auto match = std::sregex_iterator(text.begin(), text.end(), declaration); match != end; ++match) {
+        const auto address = static_cast<std::uint32_t>(std::stoul((*match)[3], nullptr, 16));
+        const bool isExtern = std::regex_search((*match)[1].str(), externWord);
+        found.emplace((*match)[4], Placement{SpaceOf((*match)[2]), address, isExtern});
     }
     return found;
 }
