@@ -87,12 +87,16 @@ std::string DebugSession::GetList(WatchListEntry* entries) const
     return "list -> " + names;
 }
 
-std::string DebugSession::ShowMemory(const char* text)
+std::string DebugSession::ShowMemory(const char* text, const std::function<void(const MemoryShowRequest&)>& show)
 {
     const std::string_view expression = BoundedText(text);
     WatchRecord record{};
     EvaluateInto(expression, record);
     m_memoryView.assign(expression.substr(0, kMaxExpressionBytes));
+    if (record.status == 0) {
+        return "memory view: " + QuotedText(expression) + " has no value, nothing shown (" + RecordText(record) + ")";
+    }
+    if (show) show({record.space, record.address, record.size, m_memoryView});
     return "memory view shows " + QuotedText(expression) + " (" + RecordText(record) + ")";
 }
 

@@ -3,12 +3,14 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "demo/debugger/debug_target.h"
+#include "demo/debugger/memory_show_request.h"
 #include "demo/debugger/symbol_table.h"
 #include "watch/debug_protocol.h"
 
@@ -25,12 +27,16 @@ public:
     std::string ReadValue(WatchRecord& record);
     std::string GetListSize(std::int32_t& size) const;
     std::string GetList(WatchListEntry* entries) const;
-    std::string ShowMemory(const char* text);
+    // Tells show where the object is when the text evaluates; a text that
+    // does not shows nothing.
+    std::string ShowMemory(const char* text, const std::function<void(const MemoryShowRequest&)>& show);
     std::string GetElements(ElementBlock& block);
     std::string Step();
 
     // The text of the object last shown in the memory view (GBK).
     const std::string& MemoryViewShows() const { return m_memoryView; }
+    // The target whose bytes a memory view reads.
+    DebugTarget& Target() { return *m_target; }
 
 private:
     void EvaluateInto(std::string_view expression, WatchRecord& record);

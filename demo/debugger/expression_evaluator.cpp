@@ -6,12 +6,25 @@
 #include "demo/debugger/object_value.h"
 #include "demo/debugger/symbol_table.h"
 #include "demo/debugger/type_codes.h"
+#include "demo/debugger/value_cast.h"
 
 namespace {
 
 Evaluated Computed(TypeId type, std::uint32_t bits)
 {
     return {type, WS_NUMBER, 0, bits};
+}
+
+// What a comparison with a pointer compares, as unsigned long. Two pointers
+// compare by where they point: a space's pointer as the generic pointer to
+// the same place, so pointers into different spaces never meet. A pointer
+// meets a whole number by the bits it holds, as its value shows.
+std::uint32_t ComparisonKey(const Evaluated& value, const TypeInfo& type, bool otherIsPointer)
+{
+    if (type.code == WT_POINTER && otherIsPointer) return EncodeGenericPointer(type.targetSpace, value.bits);
+    if (IsPointerCode(type.code)) return value.bits;
+    if (!IsIntegral(type.code)) Fail(WERR_NUMERIC_TYPE);
+    return static_cast<std::uint32_t>(IntegerOf({type.code, value.bits}));
 }
 
 }  // namespace
@@ -38,6 +51,8 @@ Evaluated ExpressionEvaluator::Evaluate(const ExpressionNode& node)
         return Member(Evaluate(*node.left), node.text);
     case ExpressionNode::Kind::Arrow:
         return Member(Dereference(ValueOf(Evaluate(*node.left))), node.text);
+    case ExpressionNode::Kind::Cast:
+        return CastValue(ValueOf(Evaluate(*node.left)), CastTarget(node.cast), m_types);
     }
     Fail(WERR_EXPRESSION_FORMAT);
 }
@@ -55,6 +70,7 @@ Evaluated ExpressionEvaluator::Unary(const ExpressionNode& node)
     if (node.text == "&") return AddressOf(operand);
     const Evaluated value = ValueOf(operand);
     if (node.text == "*") return Dereference(value);
+    if (node.text == "!") return Computed(m_types.Scalar(WT_INT), IsTrue(value) ? 0 : 1);
     const TypeInfo& type = TypeOf(value);
     if (IsPointerCode(type.code)) Fail(WERR_NUMERIC_TYPE);
     const Number result = ApplyUnary(node.text, {type.code, value.bits});
@@ -63,12 +79,18 @@ Evaluated ExpressionEvaluator::Unary(const ExpressionNode& node)
 
 Evaluated ExpressionEvaluator::Binary(const ExpressionNode& node)
 {
+    if (node.text == "&&" || node.text == "||") return Logical(node);
     const Evaluated left = ValueOf(Evaluate(*node.left));
     const Evaluated right = ValueOf(Evaluate(*node.right));
     const TypeInfo& leftType = TypeOf(left);
     const TypeInfo& rightType = TypeOf(right);
     const bool leftPointer = IsPointerCode(leftType.code);
     const bool rightPointer = IsPointerCode(rightType.code);
+    if (IsComparison(node.text) && (leftPointer || rightPointer)) {
+        const Number result = ApplyBinary(node.text, {WT_ULONG, ComparisonKey(left, leftType, rightPointer)},
+                                          {WT_ULONG, ComparisonKey(right, rightType, leftPointer)});
+        return Computed(m_types.Scalar(result.type), result.bits);
+    }
     if (!leftPointer && !rightPointer) {
         const Number result = ApplyBinary(node.text, {leftType.code, left.bits}, {rightType.code, right.bits});
         return Computed(m_types.Scalar(result.type), result.bits);
@@ -79,6 +101,33 @@ Evaluated ExpressionEvaluator::Binary(const ExpressionNode& node)
     if (!takes || !IsIntegral(offsetType.code)) Fail(WERR_NUMERIC_TYPE);
     const std::int64_t offset = IntegerOf({offsetType.code, leftPointer ? right.bits : left.bits});
     return Offset(leftPointer ? left : right, node.text == "-" ? -offset : offset);
+}
+
+Evaluated ExpressionEvaluator::Logical(const ExpressionNode& node)
+{
+    // The right operand is evaluated only when C would: "fault && fault->state"
+    // is 0, not an invalid pointer.
+    const bool left = IsTrue(ValueOf(Evaluate(*node.left)));
+    const bool decided = node.text == "&&" ? !left : left;
+    const bool result = decided ? left : IsTrue(ValueOf(Evaluate(*node.right)));
+    return Computed(m_types.Scalar(WT_INT), result ? 1 : 0);
+}
+
+bool ExpressionEvaluator::IsTrue(const Evaluated& value) const
+{
+    const TypeInfo& type = TypeOf(value);
+    if (IsPointerCode(type.code)) return value.bits != 0;
+    if (IsAggregateCode(type.code)) Fail(WERR_NUMERIC_TYPE);
+    return IsNonZero({type.code, value.bits});
+}
+
+TypeId ExpressionEvaluator::CastTarget(const CastType& cast)
+{
+    TypeId type = m_types.Scalar(cast.code);
+    for (std::uint32_t level = 0; level < cast.pointers; ++level) {
+        type = m_types.Pointer(type, level == 0 ? cast.space : WS_NONE);
+    }
+    return type;
 }
 
 Evaluated ExpressionEvaluator::Index(const ExpressionNode& node)

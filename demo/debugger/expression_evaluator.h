@@ -1,6 +1,7 @@
 // Evaluates a parsed expression over a program's symbols and a target's
 // memory, as C would: names are objects, arrays decay to pointers to their
-// first element, arithmetic reads the objects' values.
+// first element, arithmetic reads the objects' values, comparisons and
+// logical operators give the int 0 or 1, casts convert values.
 #pragma once
 
 #include <cstdint>
@@ -25,12 +26,18 @@ public:
     // its array, WERR_INVALID_POINTER for a null pointer or one naming no
     // space, WERR_NOT_BIT_ADDRESSABLE for the address of a bit,
     // WERR_WRONG_EXPRESSION for the address of a value, and the arithmetic's.
+    // Structures and unions have no value to compare, test or cast
+    // (WERR_NUMERIC_TYPE), nor have floats compared with pointers.
     Evaluated Evaluate(const ExpressionNode& node);
 
 private:
     Evaluated Name(const std::string& name) const;
     Evaluated Unary(const ExpressionNode& node);
     Evaluated Binary(const ExpressionNode& node);
+    Evaluated Logical(const ExpressionNode& node);
+    bool IsTrue(const Evaluated& value) const;
+    // The type a cast names, its pointer types added to the table.
+    TypeId CastTarget(const CastType& cast);
     Evaluated Index(const ExpressionNode& node);
     Evaluated Member(const Evaluated& object, const std::string& name) const;
 

@@ -11,8 +11,9 @@
 
 namespace {
 
-constexpr std::array<std::string_view, 3> kPairOperators{"->", "<<", ">>"};
-constexpr std::string_view kSingleOperators = "()[].+-*/%&|^~";
+constexpr std::array<std::string_view, 9> kPairOperators{"->", "<<", ">>", "<=", ">=", "==", "!=", "&&", "||"};
+// "=" is a token so that the parser can refuse an assignment by name.
+constexpr std::string_view kSingleOperators = "()[].+-*/%&|^~<>!=";
 
 bool IsNameStart(char c)
 {

@@ -1,6 +1,7 @@
 // Splits an expression's GBK text into the tokens of the C subset the
 // service evaluates: names, numbers, character constants, strings and the
-// operators ( ) [ ] . -> + - * / % & | ^ ~ << >>.
+// operators ( ) [ ] . -> + - * / % & | ^ ~ << >> < > <= >= == != && || ! and
+// the assignment = that the parser refuses.
 #pragma once
 
 #include <cstdint>

@@ -7,6 +7,7 @@
 
 #include "demo/debugger/evaluation_error.h"
 #include "demo/debugger/expression_lexer.h"
+#include "demo/debugger/type_name.h"
 #include "watch/debug_protocol.h"
 
 namespace {
@@ -14,10 +15,11 @@ namespace {
 using Node = std::unique_ptr<ExpressionNode>;
 
 // Binary operators from the loosest to the tightest binding.
-const std::array<std::initializer_list<std::string_view>, 6> kLevels{{
-    {"|"}, {"^"}, {"&"}, {"<<", ">>"}, {"+", "-"}, {"*", "/", "%"},
+const std::array<std::initializer_list<std::string_view>, 10> kLevels{{
+    {"||"}, {"&&"}, {"|"}, {"^"}, {"&"}, {"==", "!="}, {"<=", ">=", "<", ">"},
+    {"<<", ">>"}, {"+", "-"}, {"*", "/", "%"},
 }};
-constexpr std::string_view kPrefixOperators[] = {"-", "+", "~", "*", "&"};
+constexpr std::string_view kPrefixOperators[] = {"-", "+", "~", "!", "*", "&"};
 // Nested brackets and prefixes; a watch expression never comes near it, and
 // it keeps the recursion's stack use small whatever the text.
 constexpr int kMaxDepth = 64;
@@ -35,6 +37,24 @@ void CheckBrackets(const std::vector<Token>& tokens)
         }
     }
     if (!open.empty()) Fail(WERR_MISSING_CLOSE);
+}
+
+// An assignment (=, +=, ...) would change the target; a watch only reads it.
+void RefuseAssignment(const std::vector<Token>& tokens)
+{
+    const auto assignment = [](const Token& token) { return token.kind == Token::Kind::Operator && token.text == "="; };
+    if (std::any_of(tokens.begin(), tokens.end(), assignment)) Fail(WERR_WRONG_EXPRESSION);
+}
+
+bool IsOperator(const Token* token, std::string_view spelling)
+{
+    return token && token->kind == Token::Kind::Operator && token->text == spelling;
+}
+
+// What may follow a cast but never a parenthesised expression.
+bool StartsOperand(const Token* token)
+{
+    return token && (token->kind != Token::Kind::Operator || token->text == "(");
 }
 
 Node MakeNode(ExpressionNode::Kind kind, std::string text, Node left = nullptr, Node right = nullptr)
@@ -59,12 +79,14 @@ public:
     }
 
 private:
-    const Token* Peek() const { return m_next < m_tokens.size() ? &m_tokens[m_next] : nullptr; }
+    const Token* Peek(std::size_t ahead = 0) const
+    {
+        return m_next + ahead < m_tokens.size() ? &m_tokens[m_next + ahead] : nullptr;
+    }
 
     bool TakeOperator(std::string_view spelling)
     {
-        const Token* token = Peek();
-        if (!token || token->kind != Token::Kind::Operator || token->text != spelling) return false;
+        if (!IsOperator(Peek(), spelling)) return false;
         ++m_next;
         return true;
     }
@@ -93,14 +115,35 @@ private:
 
     Node Unary()
     {
+        if (IsOperator(Peek(), "(") && StartsTypeName(m_tokens, m_next + 1)) return Cast();
+        // "&&x" outside a binary operator is & applied twice.
+        if (TakeOperator("&&")) return Prefix("&", Prefix("&", nullptr));
         for (const std::string_view spelling : kPrefixOperators) {
-            if (!TakeOperator(spelling)) continue;
-            Deeper();
-            Node operand = Unary();
-            --m_depth;
-            return MakeNode(ExpressionNode::Kind::Unary, std::string(spelling), std::move(operand));
+            if (TakeOperator(spelling)) return Prefix(spelling, nullptr);
         }
         return Postfix(Primary());
+    }
+
+    // The operator applied to inner, or to the unary expression that follows.
+    Node Prefix(std::string_view spelling, Node inner)
+    {
+        Deeper();
+        Node operand = inner ? std::move(inner) : Unary();
+        --m_depth;
+        return MakeNode(ExpressionNode::Kind::Unary, std::string(spelling), std::move(operand));
+    }
+
+    // "(" type-name ")" unary-expression, binding as a prefix does.
+    Node Cast()
+    {
+        ++m_next;
+        const CastType type = ReadTypeName(m_tokens, m_next);
+        if (!TakeOperator(")")) Fail(WERR_EXPRESSION_FORMAT);
+        Deeper();
+        Node node = MakeNode(ExpressionNode::Kind::Cast, {}, Unary());
+        --m_depth;
+        node->cast = type;
+        return node;
     }
 
     Node Postfix(Node node)
@@ -144,6 +187,8 @@ private:
         Node inner = Binary(0);
         --m_depth;
         if (!TakeOperator(")")) Fail(WERR_EXPRESSION_FORMAT);
+        // "(name)x" can only be a cast, to a type this program does not have.
+        if (inner->kind == ExpressionNode::Kind::Name && StartsOperand(Peek())) Fail(WERR_UNDEFINED);
         return inner;
     }
 
@@ -163,5 +208,6 @@ std::unique_ptr<ExpressionNode> ParseExpression(std::string_view text)
 {
     const std::vector<Token> tokens = Tokenize(text);
     CheckBrackets(tokens);
+    RefuseAssignment(tokens);
     return Parser(tokens).ParseAll();
 }

@@ -25,8 +25,27 @@ std::uint32_t Common(const Number& left, const Number& right)
 
 Number Make(std::uint32_t type, std::uint64_t value)
 {
-    const std::uint64_t mask = type == WT_INT || type == WT_UINT ? 0xFFFF : 0xFFFFFFFF;
+    std::uint64_t mask = 0xFFFFFFFF;
+    if (type == WT_INT || type == WT_UINT) mask = 0xFFFF;
+    if (type == WT_CHAR || type == WT_UCHAR) mask = 0xFF;
+    if (type == WT_BIT) mask = 1;
     return {type, static_cast<std::uint32_t>(value & mask)};
+}
+
+Number Truth(bool value)
+{
+    return {WT_INT, value ? 1u : 0u};
+}
+
+template <typename T>
+Number Compare(std::string_view op, T a, T b)
+{
+    if (op == "<") return Truth(a < b);
+    if (op == ">") return Truth(a > b);
+    if (op == "<=") return Truth(a <= b);
+    if (op == ">=") return Truth(a >= b);
+    if (op == "==") return Truth(a == b);
+    return Truth(a != b);
 }
 
 float FloatOf(const Number& number)
@@ -90,17 +109,36 @@ std::int64_t IntegerOf(const Number& number)
     return static_cast<std::int64_t>(std::clamp(value, -kLimit, kLimit));
 }
 
+bool IsComparison(std::string_view op)
+{
+    return op == "<" || op == ">" || op == "<=" || op == ">=" || op == "==" || op == "!=";
+}
+
+bool IsNonZero(const Number& number)
+{
+    return number.type == WT_FLOAT ? std::bit_cast<float>(number.bits) != 0.0f : IntegerOf(number) != 0;
+}
+
+Number Convert(const Number& number, std::uint32_t type)
+{
+    if (type == WT_FLOAT) return MakeFloat(FloatOf(number));
+    if (type == WT_BIT) return {WT_BIT, IsNonZero(number) ? 1u : 0u};
+    return Make(type, static_cast<std::uint64_t>(IntegerOf(number)));
+}
+
 Number ApplyBinary(std::string_view op, const Number& left, const Number& right)
 {
     if (op == "<<" || op == ">>") return Shift(op, left, right);
     const std::uint32_t type = Common(left, right);
     if (type != WT_FLOAT) {
         // Both operands converted to the common type first: -1 / 2u divides 65535.
-        const auto convert = [type](const Number& n) { return IntegerOf(Make(type, static_cast<std::uint64_t>(IntegerOf(n)))); };
-        return Integer(op, type, convert(left), convert(right));
+        const std::int64_t a = IntegerOf(Convert(left, type));
+        const std::int64_t b = IntegerOf(Convert(right, type));
+        return IsComparison(op) ? Compare(op, a, b) : Integer(op, type, a, b);
     }
     const float a = FloatOf(left);
     const float b = FloatOf(right);
+    if (IsComparison(op)) return Compare(op, a, b);
     if (op == "+") return MakeFloat(a + b);
     if (op == "-") return MakeFloat(a - b);
     if (op == "*") return MakeFloat(a * b);
@@ -111,6 +149,7 @@ Number ApplyBinary(std::string_view op, const Number& left, const Number& right)
 
 Number ApplyUnary(std::string_view op, const Number& operand)
 {
+    if (op == "!") return Truth(!IsNonZero(operand));
     const std::uint32_t type = Promote(operand.type);
     if (type == WT_FLOAT) {
         if (op == "~") Fail(WERR_NUMERIC_TYPE);

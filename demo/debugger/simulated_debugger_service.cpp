@@ -65,7 +65,7 @@ std::string SimulatedDebuggerService::Answer(WPARAM code, void* argument)
     case DRQ_GET_LIST:
         return m_session.GetList(static_cast<WatchListEntry*>(argument));
     case DRQ_SHOW_MEMORY:
-        return m_session.ShowMemory(static_cast<const char*>(argument));
+        return m_session.ShowMemory(static_cast<const char*>(argument), showMemory);
     case DRQ_GET_ELEMENTS:
         return m_session.GetElements(*static_cast<ElementBlock*>(argument));
     default:

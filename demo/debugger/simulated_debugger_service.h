@@ -31,9 +31,14 @@ public:
 
     // The object the watch last asked the memory view to show (GBK).
     const std::string& MemoryViewShows() const { return m_session.MemoryViewShows(); }
+    // The target whose bytes a memory view reads.
+    DebugTarget& Target() { return m_session.Target(); }
 
     // Told one line (UTF-8) for each request answered and each step.
     std::function<void(const std::string& utf8)> transcript;
+    // Told where the object is when the watch asks the memory view to show
+    // one whose text evaluates.
+    std::function<void(const MemoryShowRequest&)> showMemory;
 
 protected:
     DECLARE_MESSAGE_MAP()

@@ -24,6 +24,8 @@ public:
     void Add(Symbol symbol) { m_symbols.push_back(std::move(symbol)); }
     // Names compare byte for byte, as C's do; null when none matches.
     const Symbol* Find(std::string_view name) const;
+    // Every symbol, in the order added.
+    const std::vector<Symbol>& All() const { return m_symbols; }
 
 private:
     TypeTable m_types;

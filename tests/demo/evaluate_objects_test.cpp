@@ -5,38 +5,15 @@
 #include <bit>
 
 #include "demo/debugger/type_codes.h"
+#include "tests/demo/expected_record.h"
 #include "tests/demo/service_driver.h"
 
 namespace {
 
-struct Expected {
-    const char* text;
-    std::uint32_t type;
-    std::uint32_t space;
-    std::uint32_t address;
-    std::uint32_t size;
-    std::uint32_t value;
-};
-
-void ExpectObjects(ServiceDriver& driver, std::initializer_list<Expected> cases)
-{
-    for (const Expected& expected : cases) {
-        SCOPED_TRACE(expected.text);
-        const WatchRecord record = driver.Evaluate(expected.text);
-        ASSERT_EQ(record.status, 1) << "error " << record.errorId;
-        EXPECT_EQ(record.type, expected.type);
-        EXPECT_EQ(record.space, expected.space);
-        EXPECT_EQ(record.address, expected.address);
-        EXPECT_EQ(record.size, expected.size);
-        EXPECT_EQ(record.value, expected.value);
-        EXPECT_EQ(record.unavailable, 0u);
-    }
-}
-
 TEST(EvaluateObjects, GlobalsHaveTheirTypeSpaceAddressAndStartValue)
 {
     ServiceDriver driver;
-    ExpectObjects(driver, {
+    ExpectRecords(driver, {
         {"red", WT_BIT, WS_BIT, 0x00, 1, 1},
         {"green", WT_BIT, WS_BIT, 0x02, 1, 0},
         {"phase", WT_UCHAR, WS_DATA, 0x30, 1, 0},
@@ -88,7 +65,7 @@ TEST(EvaluateObjects, AggregatesCarryTheirTypeRefAndCountButNoValue)
 TEST(EvaluateObjects, MembersAndElementsAreFoundThroughNestedStructures)
 {
     ServiceDriver driver;
-    ExpectObjects(driver, {
+    ExpectRecords(driver, {
         {"cfg.red_time", WT_UCHAR, WS_XDATA, 0x0110, 1, 10},
         {"cfg.offset", WT_INT, WS_XDATA, 0x0112, 2, 0xFFFD},
         {"timings[3]", WT_INT, WS_XDATA, 0x0126, 2, 15},
@@ -109,7 +86,7 @@ TEST(EvaluateObjects, MembersAndElementsAreFoundThroughNestedStructures)
 TEST(EvaluateObjects, PointersLeadToTheObjectsTheyHoldTheAddressOf)
 {
     ServiceDriver driver;
-    ExpectObjects(driver, {
+    ExpectRecords(driver, {
         {"*cursor", WT_UCHAR, WS_XDATA, 0x0160, 1, 0},
         {"cursor[2]", WT_UCHAR, WS_XDATA, 0x0162, 1, 0},
         {"*label", WT_CHAR, WS_CODE, 0x0810, 1, 'T'},
@@ -130,7 +107,7 @@ TEST(EvaluateObjects, PointersLeadToTheObjectsTheyHoldTheAddressOf)
 TEST(EvaluateObjects, AddressesAreValuesOfPointerTypesSizedForTheirSpace)
 {
     ServiceDriver driver;
-    ExpectObjects(driver, {
+    ExpectRecords(driver, {
         {"&phase", WT_POINTER, WS_NUMBER, 0, 1, 0x30},
         {"&mode", WT_POINTER, WS_NUMBER, 0, 1, 0x80},
         {"&counter", WT_POINTER, WS_NUMBER, 0, 2, 0x0100},
