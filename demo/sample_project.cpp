@@ -5,7 +5,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "demo/project/function_scanner.h"
+#include "demo/project/function_items.h"
 #include "demo/project/source_search.h"
 #include "funclist/func_seek_items.h"
 #include "platform/text/gbk.h"
@@ -40,17 +40,6 @@ std::string_view NthLine(std::string_view text, int line)
         text.remove_prefix(end + 1);
     }
     return {};
-}
-
-// The function list cycles through names by their first letter, so it wants
-// them in that order; the source order breaks ties.
-bool FirstLetterBefore(const ScannedFunction& a, const ScannedFunction& b)
-{
-    const auto fold = [](const std::string& name) {
-        const unsigned char c = name.empty() ? 0 : static_cast<unsigned char>(name[0]);
-        return c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c;
-    };
-    return fold(a.name) < fold(b.name);
 }
 
 // One diagnostic the compiler reports at the first line holding `at`.
@@ -135,16 +124,7 @@ std::unique_ptr<CFuncSeekItems> SampleProject::Functions(std::string_view path) 
     auto list = std::make_unique<CFuncSeekItems>();
     const SourceFile* file = FileAt(path);
     if (!file) return list;
-    std::vector<ScannedFunction> functions = ScanFunctions(file->text);
-    std::stable_sort(functions.begin(), functions.end(), FirstLetterBefore);
-    for (const ScannedFunction& function : functions) {
-        auto* item = new CFuncSeekItem;
-        item->typeText = function.type.c_str();
-        item->name = function.name.c_str();
-        item->paramText = function.params.c_str();
-        item->line = function.line;
-        list->Add(item);
-    }
+    FillFuncSeekItems(ScanFunctions(file->text), *list);
     return list;
 }
 
