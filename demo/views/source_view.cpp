@@ -1,0 +1,206 @@
+#include "demo/views/source_view.h"
+
+#include <algorithm>
+#include <climits>
+
+#include "demo/views/c_syntax.h"
+#include "demo/views/scroll_request.h"
+#include "host/view_font.h"
+#include "platform/core/input_state.h"
+#include "platform/gdi/dc.h"
+#include "platform/gdi/font_model.h"
+
+namespace {
+
+constexpr DWORD kSourceViewStyle = WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL | WS_TABSTOP;
+// Room after the widest line, so its last character is not at the very edge.
+constexpr int kRightMargin = 6;
+// Characters one click on a horizontal arrow scrolls.
+constexpr int kHScrollStepChars = 4;
+
+}  // namespace
+
+BEGIN_MESSAGE_MAP(CSourceView, CWnd)
+    ON_WM_CREATE()
+    ON_WM_SIZE()
+    ON_WM_PAINT()
+    ON_WM_ERASEBKGND()
+    ON_WM_LBUTTONDOWN()
+    ON_WM_KEYDOWN()
+    ON_WM_MOUSEWHEEL()
+    ON_WM_GETDLGCODE()
+    ON_MESSAGE(WM_VSCROLL, &CSourceView::OnVScroll)
+    ON_MESSAGE(WM_HSCROLL, &CSourceView::OnHScroll)
+END_MESSAGE_MAP()
+
+BOOL CSourceView::Create(CWnd* parent, const CRect& rect, UINT id)
+{
+    return CreateEx(0, "DemoSourceView", "", kSourceViewStyle, rect, parent, id);
+}
+
+int CSourceView::OnCreate(LPCREATESTRUCT)
+{
+    if (Default() == -1) return -1;
+    m_font.CreatePointFont(kViewFontTenths, kViewFontFace);
+    FitBars();
+    return 0;
+}
+
+void CSourceView::ShowFile(const std::string& path, std::string gbkText)
+{
+    m_path = path;
+    m_text = SourceText(gbkText);
+    gbkText.clear();
+    // Comment state once per file, so painting any line needs only that line.
+    m_startsInComment.assign(static_cast<size_t>(m_text.LineCount()), 0);
+    bool inComment = false;
+    for (int line = 0; line < m_text.LineCount(); ++line) {
+        m_startsInComment[static_cast<size_t>(line)] = inComment;
+        ColourLine(m_text.Line(line), inComment);
+    }
+    m_hasFile = true;
+    m_caret = 0;
+    m_top = 0;
+    m_scrollX = 0;
+    Invalidate();
+    FitBars();
+}
+
+void CSourceView::GoToLine(int line)
+{
+    if (!m_hasFile) return;
+    MoveCaret(line - 1, true);
+}
+
+void CSourceView::SetLineMarks(std::vector<LineMark> marks)
+{
+    std::stable_sort(marks.begin(), marks.end(), [](const LineMark& a, const LineMark& b) { return a.line < b.line; });
+    m_marks = std::move(marks);
+    Invalidate();
+}
+
+// ---------------------------------------------------------------- geometry and scrolling
+
+SourceLayout CSourceView::LayoutFor(const CRect& client) const
+{
+    return MakeSourceLayout(client, gdi::MetricsOfHandle(m_font.GetSafeHandle()).height, m_text.LineCount());
+}
+
+SourceLayout CSourceView::Layout() const
+{
+    CRect client;
+    GetClientRect(&client);
+    return LayoutFor(client);
+}
+
+int CSourceView::TextWidth() const
+{
+    const SourceLayout l = Layout();
+    return m_text.MaxColumns() * l.charWidth + kRightMargin;
+}
+
+void CSourceView::MoveCaret(int line, bool third)
+{
+    m_caret = std::clamp(line, 0, std::max(0, m_text.LineCount() - 1));
+    const int full = Layout().FullLines();
+    int top = m_top;
+    if (m_caret < m_top || m_caret >= m_top + full) {
+        if (third) top = m_caret - full / 3;
+        else top = m_caret < m_top ? m_caret : m_caret - full + 1;
+    }
+    Invalidate();
+    ScrollTo(top, m_scrollX);
+}
+
+void CSourceView::ScrollTo(int top, int scrollX)
+{
+    const SourceLayout l = Layout();
+    top = std::clamp(top, 0, std::max(0, m_text.LineCount() - l.FullLines()));
+    scrollX = std::clamp(scrollX, 0, std::max(0, TextWidth() - l.TextWidth()));
+    if (top != m_top || scrollX != m_scrollX) {
+        m_top = top;
+        m_scrollX = scrollX;
+        Invalidate();
+    }
+    FitBars();
+}
+
+void CSourceView::FitBars()
+{
+    if (!GetSafeHwnd() || m_fitting) return;
+    m_fitting = true;
+    const int textWidth = TextWidth();
+    ::FitScrollBars(m_hWnd, true, true, [&](const CRect& client) {
+        const SourceLayout l = LayoutFor(client);
+        ScrollNeeds needs;
+        needs.vertical = {m_text.LineCount(), l.FullLines(), m_top};
+        needs.horizontal = {textWidth, l.TextWidth(), m_scrollX};
+        return needs;
+    });
+    m_fitting = false;
+}
+
+// ---------------------------------------------------------------- messages
+
+void CSourceView::OnSize(UINT, int, int)
+{
+    // A larger view may now show what was scrolled off; keep the bars true.
+    if (!m_fitting) ScrollTo(m_top, m_scrollX);
+}
+
+BOOL CSourceView::OnEraseBkgnd(CDC*)
+{
+    return TRUE;  // the paint handler covers every pixel
+}
+
+void CSourceView::OnLButtonDown(UINT, CPoint point)
+{
+    SetFocus();
+    if (!m_hasFile) return;
+    const SourceLayout l = Layout();
+    if (point.y < l.client.top) return;
+    MoveCaret(m_top + (point.y - l.client.top) / l.lineHeight, false);
+}
+
+void CSourceView::OnKeyDown(UINT key, UINT, UINT)
+{
+    if (!m_hasFile) return;
+    const int page = Layout().FullLines();
+    switch (key) {
+    case VK_UP: MoveCaret(m_caret - 1, false); break;
+    case VK_DOWN: MoveCaret(m_caret + 1, false); break;
+    case VK_PRIOR: MoveCaret(m_caret - page, false); break;
+    case VK_NEXT: MoveCaret(m_caret + page, false); break;
+    case VK_HOME: MoveCaret(0, false); break;
+    case VK_END: MoveCaret(INT_MAX, false); break;
+    default: break;
+    }
+}
+
+BOOL CSourceView::OnMouseWheel(UINT, short delta, CPoint)
+{
+    // A notch up shows earlier lines.
+    const int notches = TakeWheelNotches(m_wheelRemainder, delta);
+    if (notches) ScrollTo(m_top - notches * kWheelScrollLines, m_scrollX);
+    return TRUE;
+}
+
+UINT CSourceView::OnGetDlgCode()
+{
+    return DLGC_WANTARROWS;
+}
+
+LRESULT CSourceView::OnVScroll(WPARAM wParam, LPARAM)
+{
+    ScrollTo(RequestedScroll(m_hWnd, WM_VSCROLL, wParam, m_top, 1, Layout().FullLines()), m_scrollX);
+    return 0;
+}
+
+LRESULT CSourceView::OnHScroll(WPARAM wParam, LPARAM)
+{
+    const SourceLayout l = Layout();
+    // A page is the text area less one step, so some text stays in sight.
+    const int step = kHScrollStepChars * l.charWidth;
+    ScrollTo(m_top, RequestedScroll(m_hWnd, WM_HSCROLL, wParam, m_scrollX, step, std::max(step, l.TextWidth() - step)));
+    return 0;
+}
