@@ -9,8 +9,6 @@
 namespace {
 
 constexpr int kMargin = 4;  // left of the title and of every line
-const COLORREF kMarkBack = RGB(255, 236, 150);
-const COLORREF kChangedInk = RGB(220, 0, 0);
 
 }  // namespace
 
@@ -33,6 +31,22 @@ void CMemoryView::OnPaint()
     dc.RestoreDC(saved);
 }
 
+int CMemoryView::ColumnX(const Geometry& g, int column)
+{
+    return kMargin + column * g.charWidth;
+}
+
+CRect CMemoryView::HexCellRect(std::uint32_t address) const
+{
+    if (!m_space || !m_target || address >= m_space->size) return CRect();
+    const Geometry g = Measure();
+    const int line = static_cast<int>(address / kMemoryBytesPerLine);
+    const int y = g.lines.top + (line - m_top) * g.lineHeight;
+    if (line < m_top || y >= g.lines.bottom) return CRect();
+    const int x = ColumnX(g, MemoryHexColumn(*m_space, static_cast<int>(address % kMemoryBytesPerLine)));
+    return CRect(x, y, x + 2 * g.charWidth, y + g.lineHeight);
+}
+
 void CMemoryView::PaintTitle(CDC& dc, const Geometry& g)
 {
     CRect row(0, 0, g.lines.right, g.lines.top);
@@ -50,7 +64,7 @@ void CMemoryView::PaintLine(CDC& dc, const Geometry& g, int line)
     const int textTop = y + (g.lineHeight - g.charWidth * 2) / 2;
     const auto address = static_cast<std::uint32_t>(line) * kMemoryBytesPerLine;
     const std::string text = FormatMemoryLine(*m_space, address, bytes);
-    const auto columnX = [&](int column) { return kMargin + column * g.charWidth; };
+    const auto columnX = [&](int column) { return ColumnX(g, column); };
 
     // Marked bytes first, under their text; neighbouring marked cells join up.
     for (int i = 0; i < kMemoryBytesPerLine; ++i) {

@@ -18,6 +18,11 @@ class DebugTarget;
 
 class CMemoryView : public CWnd {
 public:
+    // The background of the shown object's bytes.
+    static constexpr COLORREF kMarkBack = RGB(255, 236, 150);
+    // The ink of bytes that changed at the last Refresh.
+    static constexpr COLORREF kChangedInk = RGB(220, 0, 0);
+
     CMemoryView() = default;
 
     BOOL Create(CWnd* parent, const CRect& rect, UINT id);
@@ -30,6 +35,9 @@ public:
     const std::string& Title() const { return m_title; }
     // The first line shown, counted from the space's start.
     int TopLine() const { return m_top; }
+    // Where a byte's two hex digits are drawn, in client coordinates; empty
+    // for a byte the view does not show at present.
+    CRect HexCellRect(std::uint32_t address) const;
 
 protected:
     DECLARE_MESSAGE_MAP()
@@ -59,6 +67,9 @@ private:
     // The line's bytes, read once between Refreshes.
     const LineBytes& BytesOf(int line);
     bool Marked(std::uint32_t address) const;
+
+    // Client x of a text column.
+    static int ColumnX(const Geometry& g, int column);
 
     // Painting (memory_paint.cpp).
     void PaintTitle(CDC& dc, const Geometry& g);

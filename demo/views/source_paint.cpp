@@ -13,7 +13,6 @@ namespace {
 
 const COLORREF kGutterBack = RGB(240, 240, 240);
 const COLORREF kNumberInk = RGB(128, 128, 128);
-const COLORREF kCaretLineBack = RGB(255, 243, 176);
 
 COLORREF InkOf(SyntaxKind kind)
 {

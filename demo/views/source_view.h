@@ -14,6 +14,9 @@
 
 class CSourceView : public CWnd {
 public:
+    // The caret line's background, across the whole row.
+    static constexpr COLORREF kCaretLineBack = RGB(255, 243, 176);
+
     CSourceView() = default;
 
     BOOL Create(CWnd* parent, const CRect& rect, UINT id);
