@@ -4,11 +4,6 @@
 #include <climits>
 
 #include "demo/debugger/debug_target.h"
-#include "demo/views/scroll_request.h"
-#include "host/view_font.h"
-#include "platform/core/input_state.h"
-#include "platform/gdi/dc.h"
-#include "platform/gdi/font_model.h"
 
 namespace {
 
@@ -17,28 +12,15 @@ constexpr int kLineGap = 2;  // pixels between rows, so marked rows do not run t
 
 }  // namespace
 
-BEGIN_MESSAGE_MAP(CMemoryView, CWnd)
-    ON_WM_CREATE()
-    ON_WM_SIZE()
+BEGIN_MESSAGE_MAP(CMemoryView, CLineScrollView)
     ON_WM_PAINT()
-    ON_WM_ERASEBKGND()
     ON_WM_LBUTTONDOWN()
     ON_WM_KEYDOWN()
-    ON_WM_MOUSEWHEEL()
-    ON_MESSAGE(WM_VSCROLL, &CMemoryView::OnVScroll)
 END_MESSAGE_MAP()
 
 BOOL CMemoryView::Create(CWnd* parent, const CRect& rect, UINT id)
 {
-    return CreateEx(0, "DemoMemoryView", "", kMemoryViewStyle, rect, parent, id);
-}
-
-int CMemoryView::OnCreate(LPCREATESTRUCT)
-{
-    if (Default() == -1) return -1;
-    m_font.CreatePointFont(kViewFontTenths, kViewFontFace);
-    FitBars();
-    return 0;
+    return CreateView("DemoMemoryView", kMemoryViewStyle, parent, rect, id);
 }
 
 void CMemoryView::Show(DebugTarget* target, std::uint32_t space, std::uint32_t address, std::uint32_t size, std::string title)
@@ -55,7 +37,7 @@ void CMemoryView::Show(DebugTarget* target, std::uint32_t space, std::uint32_t a
     const int line = static_cast<int>(m_markFrom / kMemoryBytesPerLine);
     const int full = Measure().FullLines();
     // A third from the top when it must scroll, as the source view does.
-    ScrollTo(line >= m_top && line < m_top + full ? m_top : line - full / 3);
+    ScrollToLine(line >= m_top && line < m_top + full ? m_top : line - full / 3);
     Invalidate();
 }
 
@@ -76,7 +58,7 @@ int CMemoryView::Geometry::FullLines() const
 CMemoryView::Geometry CMemoryView::MeasureFor(const CRect& client) const
 {
     Geometry g;
-    const int height = gdi::MetricsOfHandle(m_font.GetSafeHandle()).height;
+    const int height = FontHeight();
     g.charWidth = std::max(1, height / 2);
     g.lineHeight = height + kLineGap;
     g.lines = client;
@@ -121,7 +103,7 @@ const CMemoryView::LineBytes& CMemoryView::BytesOf(int line)
     return values;
 }
 
-void CMemoryView::ScrollTo(int top)
+void CMemoryView::ScrollToLine(int top)
 {
     top = std::clamp(top, 0, std::max(0, LineCount() - Measure().FullLines()));
     if (top != m_top) {
@@ -131,29 +113,14 @@ void CMemoryView::ScrollTo(int top)
     FitBars();
 }
 
-void CMemoryView::FitBars()
+ScrollNeeds CMemoryView::NeedsFor(const CRect& client) const
 {
-    if (!GetSafeHwnd() || m_fitting) return;
-    m_fitting = true;
-    ::FitScrollBars(m_hWnd, true, false, [&](const CRect& client) {
-        ScrollNeeds needs;
-        needs.vertical = {LineCount(), MeasureFor(client).FullLines(), m_top};
-        return needs;
-    });
-    m_fitting = false;
+    ScrollNeeds needs;
+    needs.vertical = {LineCount(), MeasureFor(client).FullLines(), m_top};
+    return needs;
 }
 
 // ---------------------------------------------------------------- messages
-
-void CMemoryView::OnSize(UINT, int, int)
-{
-    if (!m_fitting) ScrollTo(m_top);
-}
-
-BOOL CMemoryView::OnEraseBkgnd(CDC*)
-{
-    return TRUE;  // the paint handler covers every pixel
-}
 
 void CMemoryView::OnLButtonDown(UINT, CPoint)
 {
@@ -164,26 +131,12 @@ void CMemoryView::OnKeyDown(UINT key, UINT, UINT)
 {
     const int page = Measure().FullLines();
     switch (key) {
-    case VK_UP: ScrollTo(m_top - 1); break;
-    case VK_DOWN: ScrollTo(m_top + 1); break;
-    case VK_PRIOR: ScrollTo(m_top - page); break;
-    case VK_NEXT: ScrollTo(m_top + page); break;
-    case VK_HOME: ScrollTo(0); break;
-    case VK_END: ScrollTo(INT_MAX); break;
+    case VK_UP: ScrollToLine(m_top - 1); break;
+    case VK_DOWN: ScrollToLine(m_top + 1); break;
+    case VK_PRIOR: ScrollToLine(m_top - page); break;
+    case VK_NEXT: ScrollToLine(m_top + page); break;
+    case VK_HOME: ScrollToLine(0); break;
+    case VK_END: ScrollToLine(INT_MAX); break;
     default: break;
     }
-}
-
-BOOL CMemoryView::OnMouseWheel(UINT, short delta, CPoint)
-{
-    // A notch up shows lower addresses.
-    const int notches = TakeWheelNotches(m_wheelRemainder, delta);
-    if (notches) ScrollTo(m_top - notches * kWheelScrollLines);
-    return TRUE;
-}
-
-LRESULT CMemoryView::OnVScroll(WPARAM wParam, LPARAM)
-{
-    ScrollTo(RequestedScroll(m_hWnd, WM_VSCROLL, wParam, m_top, 1, Measure().FullLines()));
-    return 0;
 }

@@ -11,19 +11,18 @@
 #include <unordered_map>
 
 #include "demo/views/memory_line.h"
-#include "platform/core/wnd.h"
-#include "platform/gdi/font.h"
+#include "demo/views/line_scroll_view.h"
 
 class DebugTarget;
 
-class CMemoryView : public CWnd {
+class CMemoryView : public CLineScrollView {
 public:
     // The background of the shown object's bytes.
     static constexpr COLORREF kMarkBack = RGB(255, 236, 150);
     // The ink of bytes that changed at the last Refresh.
     static constexpr COLORREF kChangedInk = RGB(220, 0, 0);
 
-    CMemoryView() = default;
+    CMemoryView() : CLineScrollView(false) {}
 
     BOOL Create(CWnd* parent, const CRect& rect, UINT id);
     // Shows `space` of the target (a WatchSpace code) and marks `size` bytes
@@ -34,21 +33,20 @@ public:
     void Refresh();
     const std::string& Title() const { return m_title; }
     // The first line shown, counted from the space's start.
-    int TopLine() const { return m_top; }
+    int TopLine() const override { return m_top; }
     // Where a byte's two hex digits are drawn, in client coordinates; empty
     // for a byte the view does not show at present.
     CRect HexCellRect(std::uint32_t address) const;
 
 protected:
+    void ScrollToLine(int top) override;
+    int PageLines() const override { return Measure().FullLines(); }
+    ScrollNeeds NeedsFor(const CRect& client) const override;
+
     DECLARE_MESSAGE_MAP()
-    int OnCreate(LPCREATESTRUCT);
-    void OnSize(UINT, int, int);
     void OnPaint();
-    BOOL OnEraseBkgnd(CDC*);
     void OnLButtonDown(UINT, CPoint);
     void OnKeyDown(UINT key, UINT, UINT);
-    BOOL OnMouseWheel(UINT, short delta, CPoint);
-    LRESULT OnVScroll(WPARAM wParam, LPARAM);
 
 private:
     using LineBytes = std::array<int, kMemoryBytesPerLine>;
@@ -62,8 +60,6 @@ private:
     Geometry Measure() const;
     Geometry MeasureFor(const CRect& client) const;
     int LineCount() const;
-    void ScrollTo(int top);
-    void FitBars();
     // The line's bytes, read once between Refreshes.
     const LineBytes& BytesOf(int line);
     bool Marked(std::uint32_t address) const;
@@ -75,7 +71,6 @@ private:
     void PaintTitle(CDC& dc, const Geometry& g);
     void PaintLine(CDC& dc, const Geometry& g, int line);
 
-    CFont m_font;
     DebugTarget* m_target = nullptr;
     std::uint32_t m_spaceCode = 0;
     std::optional<MemorySpace> m_space;
@@ -83,8 +78,6 @@ private:
     std::uint32_t m_markEnd = 0;  // exclusive, within the space
     std::string m_title;
     int m_top = 0;
-    int m_wheelRemainder = 0;
-    bool m_fitting = false;  // FitScrollBars sends WM_SIZE, which would fit again
     std::unordered_map<int, LineBytes> m_lines;     // read since the last Refresh
     std::unordered_map<int, LineBytes> m_previous;  // as they were before it
 };

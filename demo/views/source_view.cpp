@@ -5,10 +5,6 @@
 
 #include "demo/views/c_syntax.h"
 #include "demo/views/scroll_request.h"
-#include "host/view_font.h"
-#include "platform/core/input_state.h"
-#include "platform/gdi/dc.h"
-#include "platform/gdi/font_model.h"
 
 namespace {
 
@@ -20,30 +16,17 @@ constexpr int kHScrollStepChars = 4;
 
 }  // namespace
 
-BEGIN_MESSAGE_MAP(CSourceView, CWnd)
-    ON_WM_CREATE()
-    ON_WM_SIZE()
+BEGIN_MESSAGE_MAP(CSourceView, CLineScrollView)
     ON_WM_PAINT()
-    ON_WM_ERASEBKGND()
     ON_WM_LBUTTONDOWN()
     ON_WM_KEYDOWN()
-    ON_WM_MOUSEWHEEL()
     ON_WM_GETDLGCODE()
-    ON_MESSAGE(WM_VSCROLL, &CSourceView::OnVScroll)
     ON_MESSAGE(WM_HSCROLL, &CSourceView::OnHScroll)
 END_MESSAGE_MAP()
 
 BOOL CSourceView::Create(CWnd* parent, const CRect& rect, UINT id)
 {
-    return CreateEx(0, "DemoSourceView", "", kSourceViewStyle, rect, parent, id);
-}
-
-int CSourceView::OnCreate(LPCREATESTRUCT)
-{
-    if (Default() == -1) return -1;
-    m_font.CreatePointFont(kViewFontTenths, kViewFontFace);
-    FitBars();
-    return 0;
+    return CreateView("DemoSourceView", kSourceViewStyle, parent, rect, id);
 }
 
 void CSourceView::ShowFile(const std::string& path, std::string gbkText)
@@ -83,7 +66,7 @@ void CSourceView::SetLineMarks(std::vector<LineMark> marks)
 
 SourceLayout CSourceView::LayoutFor(const CRect& client) const
 {
-    return MakeSourceLayout(client, gdi::MetricsOfHandle(m_font.GetSafeHandle()).height, m_text.LineCount());
+    return MakeSourceLayout(client, FontHeight(), m_text.LineCount());
 }
 
 SourceLayout CSourceView::Layout() const
@@ -125,33 +108,16 @@ void CSourceView::ScrollTo(int top, int scrollX)
     FitBars();
 }
 
-void CSourceView::FitBars()
+ScrollNeeds CSourceView::NeedsFor(const CRect& client) const
 {
-    if (!GetSafeHwnd() || m_fitting) return;
-    m_fitting = true;
-    const int textWidth = TextWidth();
-    ::FitScrollBars(m_hWnd, true, true, [&](const CRect& client) {
-        const SourceLayout l = LayoutFor(client);
-        ScrollNeeds needs;
-        needs.vertical = {m_text.LineCount(), l.FullLines(), m_top};
-        needs.horizontal = {textWidth, l.TextWidth(), m_scrollX};
-        return needs;
-    });
-    m_fitting = false;
+    const SourceLayout l = LayoutFor(client);
+    ScrollNeeds needs;
+    needs.vertical = {m_text.LineCount(), l.FullLines(), m_top};
+    needs.horizontal = {TextWidth(), l.TextWidth(), m_scrollX};
+    return needs;
 }
 
 // ---------------------------------------------------------------- messages
-
-void CSourceView::OnSize(UINT, int, int)
-{
-    // A larger view may now show what was scrolled off; keep the bars true.
-    if (!m_fitting) ScrollTo(m_top, m_scrollX);
-}
-
-BOOL CSourceView::OnEraseBkgnd(CDC*)
-{
-    return TRUE;  // the paint handler covers every pixel
-}
 
 void CSourceView::OnLButtonDown(UINT, CPoint point)
 {
@@ -177,23 +143,9 @@ void CSourceView::OnKeyDown(UINT key, UINT, UINT)
     }
 }
 
-BOOL CSourceView::OnMouseWheel(UINT, short delta, CPoint)
-{
-    // A notch up shows earlier lines.
-    const int notches = TakeWheelNotches(m_wheelRemainder, delta);
-    if (notches) ScrollTo(m_top - notches * kWheelScrollLines, m_scrollX);
-    return TRUE;
-}
-
 UINT CSourceView::OnGetDlgCode()
 {
     return DLGC_WANTARROWS;
-}
-
-LRESULT CSourceView::OnVScroll(WPARAM wParam, LPARAM)
-{
-    ScrollTo(RequestedScroll(m_hWnd, WM_VSCROLL, wParam, m_top, 1, Layout().FullLines()), m_scrollX);
-    return 0;
 }
 
 LRESULT CSourceView::OnHScroll(WPARAM wParam, LPARAM)

@@ -9,15 +9,14 @@
 #include "demo/views/line_mark.h"
 #include "demo/views/source_layout.h"
 #include "demo/views/source_text.h"
-#include "platform/core/wnd.h"
-#include "platform/gdi/font.h"
+#include "demo/views/line_scroll_view.h"
 
-class CSourceView : public CWnd {
+class CSourceView : public CLineScrollView {
 public:
     // The caret line's background, across the whole row.
     static constexpr COLORREF kCaretLineBack = RGB(255, 243, 176);
 
-    CSourceView() = default;
+    CSourceView() : CLineScrollView(true) {}
 
     BOOL Create(CWnd* parent, const CRect& rect, UINT id);
     // Shows a file from its first line; the caret goes to line 1.
@@ -31,17 +30,18 @@ public:
     // Marks of lines outside the file are kept but not drawn.
     void SetLineMarks(std::vector<LineMark> marks);
 
+    int TopLine() const override { return m_top; }
+
 protected:
+    void ScrollToLine(int top) override { ScrollTo(top, m_scrollX); }
+    int PageLines() const override { return Layout().FullLines(); }
+    ScrollNeeds NeedsFor(const CRect& client) const override;
+
     DECLARE_MESSAGE_MAP()
-    int OnCreate(LPCREATESTRUCT);
-    void OnSize(UINT, int, int);
     void OnPaint();
-    BOOL OnEraseBkgnd(CDC*);
     void OnLButtonDown(UINT, CPoint point);
     void OnKeyDown(UINT key, UINT, UINT);
-    BOOL OnMouseWheel(UINT, short delta, CPoint);
     UINT OnGetDlgCode();
-    LRESULT OnVScroll(WPARAM wParam, LPARAM);
     LRESULT OnHScroll(WPARAM wParam, LPARAM);
 
 private:
@@ -51,14 +51,12 @@ private:
     // of view to a third from the top, else the view moves as little as it can.
     void MoveCaret(int line, bool third);
     void ScrollTo(int top, int scrollX);
-    void FitBars();
     int TextWidth() const;
 
     // Painting (source_paint.cpp).
     void PaintLine(CDC& dc, const SourceLayout& layout, int line, const std::vector<const LineMark*>& marks);
     void PaintText(CDC& dc, const SourceLayout& layout, int line, int y);
 
-    CFont m_font;
     std::string m_path;
     SourceText m_text;
     std::vector<unsigned char> m_startsInComment;  // per line: whether a block comment is open at its start
@@ -67,6 +65,4 @@ private:
     int m_caret = 0;    // 0-based line
     int m_top = 0;      // first line shown
     int m_scrollX = 0;  // pixels of text scrolled off to the left
-    int m_wheelRemainder = 0;
-    bool m_fitting = false;  // FitScrollBars sends WM_SIZE, which would fit again
 };
