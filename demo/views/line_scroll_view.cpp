@@ -1,10 +1,20 @@
 #include "demo/views/line_scroll_view.h"
 
+#include <algorithm>
+
 #include "demo/views/scroll_request.h"
 #include "host/view_font.h"
 #include "platform/core/input_state.h"
 #include "platform/gdi/dc.h"
 #include "platform/gdi/font_model.h"
+
+LineRange LinesMeeting(int areaTop, int areaBottom, int rowsTop, int rowHeight, int topLine, int lineCount)
+{
+    LineRange range;
+    range.first = topLine + std::max(0, areaTop - rowsTop) / rowHeight;
+    range.end = std::min(lineCount, topLine + (std::max(0, areaBottom - rowsTop) + rowHeight - 1) / rowHeight);
+    return range;
+}
 
 BEGIN_MESSAGE_MAP(CLineScrollView, CWnd)
     ON_WM_CREATE()

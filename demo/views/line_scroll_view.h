@@ -7,6 +7,14 @@
 #include "platform/core/wnd.h"
 #include "platform/gdi/font.h"
 
+// Lines [first, end) whose rows meet a paint area's span [areaTop,
+// areaBottom), for rows of rowHeight from rowsTop with topLine in the first.
+struct LineRange {
+    int first = 0;
+    int end = 0;
+};
+LineRange LinesMeeting(int areaTop, int areaBottom, int rowsTop, int rowHeight, int topLine, int lineCount);
+
 class CLineScrollView : public CWnd {
 public:
     // The first line shown.

@@ -23,10 +23,9 @@ void CMemoryView::OnPaint()
     dc.SetBkMode(TRANSPARENT);
     PaintTitle(dc, g);
     if (m_space && m_target) {
-        const int first = m_top + std::max(0, static_cast<int>(area.top - g.lines.top) / g.lineHeight);
-        const int end = std::min(LineCount(), m_top + std::max(0, static_cast<int>(area.bottom - g.lines.top) + g.lineHeight - 1) / g.lineHeight);
+        const LineRange rows = LinesMeeting(area.top, area.bottom, g.lines.top, g.lineHeight, m_top, LineCount());
         dc.IntersectClipRect(&g.lines);
-        for (int line = first; line < end; ++line) PaintLine(dc, g, line);
+        for (int line = rows.first; line < rows.end; ++line) PaintLine(dc, g, line);
     }
     dc.RestoreDC(saved);
 }

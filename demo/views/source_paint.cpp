@@ -47,14 +47,13 @@ void CSourceView::OnPaint()
     dc.FillSolidRect(l.client.left, area.top, l.gutterRight - l.client.left, area.Height(), kGutterBack);
     if (!m_hasFile) return;
 
-    const int first = m_top + std::max(0, static_cast<int>(area.top - l.client.top) / l.lineHeight);
-    const int end = std::min(m_text.LineCount(), m_top + (static_cast<int>(area.bottom - l.client.top) + l.lineHeight - 1) / l.lineHeight);
+    const LineRange rows = LinesMeeting(area.top, area.bottom, l.client.top, l.lineHeight, m_top, m_text.LineCount());
     const int saved = dc.SaveDC();
     dc.SelectObject(&m_font);
     dc.SetBkMode(TRANSPARENT);
-    auto mark = std::lower_bound(m_marks.begin(), m_marks.end(), first + 1, [](const LineMark& m, int line) { return m.line < line; });
+    auto mark = std::lower_bound(m_marks.begin(), m_marks.end(), rows.first + 1, [](const LineMark& m, int line) { return m.line < line; });
     std::vector<const LineMark*> marks;
-    for (int line = first; line < end; ++line) {
+    for (int line = rows.first; line < rows.end; ++line) {
         marks.clear();
         for (; mark != m_marks.end() && mark->line == line + 1; ++mark) marks.push_back(&*mark);
         PaintLine(dc, l, line, marks);

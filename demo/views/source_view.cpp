@@ -33,7 +33,6 @@ void CSourceView::ShowFile(const std::string& path, std::string gbkText)
 {
     m_path = path;
     m_text = SourceText(gbkText);
-    gbkText.clear();
     // Comment state once per file, so painting any line needs only that line.
     m_startsInComment.assign(static_cast<size_t>(m_text.LineCount()), 0);
     bool inComment = false;
@@ -52,7 +51,7 @@ void CSourceView::ShowFile(const std::string& path, std::string gbkText)
 void CSourceView::GoToLine(int line)
 {
     if (!m_hasFile) return;
-    MoveCaret(line - 1, true);
+    MoveCaret(std::max(line, 1) - 1, true);  // no overflow below the first line
 }
 
 void CSourceView::SetLineMarks(std::vector<LineMark> marks)

@@ -3,6 +3,8 @@
 // caret line and its pixels.
 #include <gtest/gtest.h>
 
+#include <climits>
+
 #include "demo/views/source_marks.h"
 #include "demo/views/source_view.h"
 #include "platform/core/input_state.h"
@@ -79,6 +81,10 @@ TEST_F(SourceViewTest, GoToLineClampsToTheFileAndIsIgnoredWithoutOne)
     view.GoToLine(-7);
     EXPECT_EQ(view.CaretLine(), 1);
     EXPECT_EQ(Top(), 0);
+    view.GoToLine(INT_MAX);
+    EXPECT_EQ(view.CaretLine(), 200);
+    view.GoToLine(INT_MIN);
+    EXPECT_EQ(view.CaretLine(), 1);
 }
 
 TEST_F(SourceViewTest, AClickSetsTheCaretLineOfTheRowClicked)
