@@ -60,7 +60,7 @@ void CMemoryView::PaintLine(CDC& dc, const Geometry& g, int line)
     const LineBytes& bytes = BytesOf(line);
     const auto previous = m_previous.find(line);
     const int y = g.lines.top + (line - m_top) * g.lineHeight;
-    const int textTop = y + (g.lineHeight - g.charWidth * 2) / 2;
+    const int textTop = y + (g.lineHeight - g.fontHeight) / 2;
     const auto address = static_cast<std::uint32_t>(line) * kMemoryBytesPerLine;
     const std::string text = FormatMemoryLine(*m_space, address, bytes);
     const auto columnX = [&](int column) { return ColumnX(g, column); };

@@ -58,9 +58,9 @@ int CMemoryView::Geometry::FullLines() const
 CMemoryView::Geometry CMemoryView::MeasureFor(const CRect& client) const
 {
     Geometry g;
-    const int height = FontHeight();
-    g.charWidth = std::max(1, height / 2);
-    g.lineHeight = height + kLineGap;
+    g.fontHeight = FontHeight();
+    g.charWidth = std::max(1, g.fontHeight / 2);
+    g.lineHeight = g.fontHeight + kLineGap;
     g.lines = client;
     g.lines.top = std::min(client.bottom, client.top + g.lineHeight);  // the title row
     return g;

@@ -53,6 +53,7 @@ private:
 
     struct Geometry {
         int charWidth = 6;
+        int fontHeight = 12;
         int lineHeight = 14;
         CRect lines;  // the area below the title row
         int FullLines() const;
