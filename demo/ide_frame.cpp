@@ -11,9 +11,12 @@ namespace {
 
 // Where the frame puts things: a source view wide enough for 80 columns of
 // code between a project column on the left and the marks on the right.
-constexpr int kLeftWidth = 240;
-constexpr int kRightWidth = 330;
+constexpr int kLeftWidth = 220;
+constexpr int kRightWidth = 300;
 constexpr int kBottomHeight = 290;
+// The watch's four columns want more of the bottom than the messages do.
+constexpr int kBuildShare = 2;
+constexpr int kWatchShare = 4;
 constexpr UINT kFirstPaneId = 0xE900;
 constexpr UINT kSourceViewId = 0xE8FF;
 
@@ -80,6 +83,9 @@ CIdeFrame::~CIdeFrame() = default;
 bool CIdeFrame::CreateIde(const CRect& rect)
 {
     if (!Create(nullptr, GBK("dockpanes 8051 演示 - traffic").c_str(), WS_OVERLAPPEDWINDOW | WS_VISIBLE, rect)) return false;
+    // The views ask the thread's main window for the project from their
+    // first refresh on, so the frame is that window before they exist.
+    if (CWinThread* thread = AfxGetThread()) thread->m_pMainWnd = this;
     if (!source.Create(this, CRect(0, 0, 0, 0), kSourceViewId) || !CreatePanes()) return false;
     debugger.transcript = [this](const std::string& line) { transcript.Line("debugger: " + line); };
     debugger.showMemory = [this](const MemoryShowRequest& request) {
@@ -131,6 +137,8 @@ void CIdeFrame::DockPanes()
     SetRegionSize(DockRegion::Left, kLeftWidth);
     SetRegionSize(DockRegion::Right, kRightWidth);
     SetRegionSize(DockRegion::Bottom, kBottomHeight);
+    SetGroupShare(&panes.build, kBuildShare);
+    SetGroupShare(&panes.watch1, kWatchShare);
     ShowTab(&panes.files);
     ShowTab(&panes.build);
     ShowTab(&panes.watch1);

@@ -42,7 +42,6 @@ int main(int argc, char** argv)
             AfxFreeLibrary(module);
             return 1;
         }
-        app.m_pMainWnd = &ide;
         OrvProjectMisc::SetListener([&](std::string_view routine, int argument) {
             ide.transcript.Line("sibling " + std::string(routine) + "(" + std::to_string(argument) + ")");
         });

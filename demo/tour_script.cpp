@@ -14,6 +14,9 @@ namespace {
 constexpr UINT kBreakpointGoTo = 32057;   // "定位到"
 constexpr UINT kBookmarkClearAll = 32014; // "清除所有书签"
 
+// From the interrupt routine's first line down to its reload of TH0.
+constexpr int kLinesToStatement = 5;
+
 // How far the tour drags the splitter above the bottom panes: enough to
 // give the watch room for an expanded structure.
 constexpr int kBottomSplitterLift = 90;
@@ -36,8 +39,8 @@ public:
         BuildAndFollowAnError();
         SearchAndFollowAHit();
         StartDebugging();
-        PlayWatchTour(m_ide, m_record);
         ResizeAndSwitchTabs();
+        PlayWatchTour(m_ide, m_record);
         UseContextMenus();
         SaveProject();
         return m_found;
@@ -82,30 +85,17 @@ private:
 
     void SetBreakpointsAndJump()
     {
-        Step("the user clicks a line of timer0.c and presses F9 to set a breakpoint");
+        Step("the user moves the caret down to a statement of the interrupt routine and presses F9");
         Input::Wait();
         m_ide.source.SetFocus();
-        Input::Key(VK_DOWN);
-        Input::Key(VK_DOWN);
+        for (int i = 0; i < kLinesToStatement; ++i) Input::Key(VK_DOWN);
         Input::Key(VK_F9);
         Step("the user clicks the bookmark in lights.c");
         auto& bookmarks = ViewOf<CBookMarkListTreeCtrl>(m_ide.panes.bookmarks);
         Input::Wait();
-        const CPoint lights = BookmarkOf(bookmarks, "lights.c");
+        const CPoint lights = TreeLabelCentre(bookmarks, "lights.c");
         if (Found(lights, "the lights.c bookmark")) Input::Click(&bookmarks, lights);
         m_record.Shot("bookmark-jump", "A new breakpoint in timer0.c (F9), then a click on a bookmark opened lights.c at its line.");
-    }
-
-    // The first bookmark under the file's node.
-    CPoint BookmarkOf(CTreeCtrl& tree, const char* file)
-    {
-        for (HTREEITEM group = tree.GetRootItem(); group; group = tree.GetNextSiblingItem(group)) {
-            if (std::string_view(tree.GetItemText(group)).find(file) == std::string_view::npos) continue;
-            const HTREEITEM first = tree.GetChildItem(group);
-            CRect rect;
-            if (first && tree.GetItemRect(first, &rect, TRUE)) return rect.CenterPoint();
-        }
-        return CPoint(-1, -1);
     }
 
     void BuildAndFollowAnError()
@@ -150,7 +140,7 @@ private:
 
     void ResizeAndSwitchTabs()
     {
-        Step("the user drags the splitter above the bottom panes upwards");
+        Step("the user drags the splitter above the bottom panes upwards, to give the watch room");
         const CRect splitter = m_ide.RegionSplitterRect(DockRegion::Bottom);
         const CPoint from = splitter.CenterPoint();
         Input::Wait();
@@ -164,14 +154,14 @@ private:
         if (Found(targets.IsRectEmpty() ? CPoint(-1, -1) : targets.CenterPoint(), "the targets tab")) {
             Input::Click(&m_ide, targets.CenterPoint());
         }
-        m_record.Shot("resized", "The bottom panes made taller with the splitter; the targets tab shows the build targets and options.");
+        m_record.Shot("resized", "The bottom panes made taller with the splitter; the targets tab shows the build targets and their options.");
     }
 
     void UseContextMenus()
     {
         Step("the user right-clicks a breakpoint and chooses 'go to' from its menu");
         auto& breakpoints = ViewOf<CBreakPointListTreeCtrl>(m_ide.panes.breakpoints);
-        const CPoint first = BookmarkOf(breakpoints, "main.c");
+        const CPoint first = TreeLabelCentre(breakpoints, "main.c");
         if (!Found(first, "a breakpoint of main.c")) return;
         Input::Wait();
         Input::Click(&breakpoints, first);

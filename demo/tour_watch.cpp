@@ -46,6 +46,8 @@ private:
             m_ide.transcript.Line("   (tour: a watch row is missing)");
             return;
         }
+        // The user scrolls the row into sight first.
+        m_watch.EnsureVisible(line, FALSE);
         Input::Wait();
         Input::Click(&m_watch, GridCellCentre(m_watch, line, column));
     }
@@ -63,9 +65,10 @@ private:
     void Expand()
     {
         Step("the user expands 'cfg', then 'lights' and its element 1, by their boxes");
-        for (const char* text : {"cfg", "lights", "[1]"}) {
+        for (const char* text : {"cfg", "lights", "[01]"}) {
             const int line = GridLineOf(m_watch, text);
             if (line < 0) continue;
+            m_watch.EnsureVisible(line, FALSE);
             Input::Wait();
             Input::Click(&m_watch, GridExpandBoxCentre(m_watch, line));
         }
@@ -74,6 +77,12 @@ private:
 
     void WriteAndFormat()
     {
+        Step("the user shows 'phase' in binary: its format list, then Home, which picks and closes");
+        const int phase = GridLineOf(m_watch, "phase");
+        Click(phase, kFormatColumn);
+        Click(phase, kFormatColumn);
+        Input::Key(VK_HOME);
+
         Step("the user writes 9 into 'cfg.red_time': a click on its value, Enter, the new value, Enter");
         Click(GridLineOf(m_watch, "red_time"), kValueColumn);
         Input::Key(VK_RETURN);
@@ -82,16 +91,11 @@ private:
         Input::Type("9");
         Input::Key(VK_RETURN);
 
-        Step("the user shows 'phase' in binary: its format list, then Home, which picks and closes");
-        const int phase = GridLineOf(m_watch, "phase");
-        Click(phase, kFormatColumn);
-        Click(phase, kFormatColumn);
-        Input::Key(VK_HOME);
-
         Step("the user drags 'mode' up onto 'ticks'");
         const int mode = GridLineOf(m_watch, "mode");
         const int ticks = GridLineOf(m_watch, "ticks");
         if (mode >= 0 && ticks >= 0) {
+            m_watch.EnsureVisible(ticks, FALSE);
             Input::Wait();
             Input::Drag(&m_watch, GridCellCentre(m_watch, mode, kExpressionColumn), GridCellCentre(m_watch, ticks, kExpressionColumn));
         }

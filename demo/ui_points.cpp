@@ -7,7 +7,7 @@ namespace {
 HTREEITEM FindNode(CTreeCtrl& tree, HTREEITEM node, std::string_view text)
 {
     for (; node; node = tree.GetNextSiblingItem(node)) {
-        if (std::string_view(tree.GetItemText(node)).starts_with(text)) return node;
+        if (std::string_view(tree.GetItemText(node)).find(text) != std::string_view::npos) return node;
         if (HTREEITEM found = FindNode(tree, tree.GetChildItem(node), text)) return found;
     }
     return nullptr;

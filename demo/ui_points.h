@@ -8,8 +8,8 @@
 #include "platform/controls/rich_edit_ctrl.h"
 #include "platform/controls/tree_ctrl.h"
 
-// The label of the first node (depth first) whose text starts with the GBK
-// text; (-1, -1) when there is none.
+// The label of the first node (depth first) whose text holds the GBK text;
+// (-1, -1) when there is none.
 CPoint TreeLabelCentre(CTreeCtrl& tree, std::string_view gbkText);
 // A line of a rich edit, a little right of its start.
 CPoint EditLineCentre(CRichEditCtrl& edit, int line);

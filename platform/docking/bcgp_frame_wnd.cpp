@@ -101,6 +101,15 @@ void CBCGPFrameWnd::AttachToTabs(CBCGPDockingControlBar* bar, CBCGPDockingContro
     RecalcLayout();
 }
 
+void CBCGPFrameWnd::SetGroupShare(const CBCGPDockingControlBar* bar, int share)
+{
+    if (!IsOurBar(bar) || share <= 0) return;
+    const std::optional<BarPlace> place = m_groups.Find(bar->GetSafeHwnd());
+    if (!place) return;
+    m_groups.Region(place->region)[place->group].weight = share;
+    RecalcLayout();
+}
+
 void CBCGPFrameWnd::ShowTab(CBCGPDockingControlBar* bar)
 {
     if (!IsOurBar(bar)) return;

@@ -36,6 +36,10 @@ public:
     // kMinCentre; a client made smaller later lays the region out thinner
     // while the size asked for is kept.
     void SetRegionSize(DockRegion region, int pixels);
+    // The share of the region's length that the bar's group takes, relative
+    // to its neighbours' (each group starts with the same share). Zero or
+    // less, or a bar not docked, changes nothing.
+    void SetGroupShare(const CBCGPDockingControlBar* bar, int share);
     int GetRegionSize(DockRegion region) const;
     void RecalcLayout();
 

@@ -6,6 +6,8 @@
 #include <fstream>
 #include <sstream>
 
+#include <unistd.h>
+
 #include "demo/ide_frame.h"
 #include "demo/sample_project.h"
 #include "demo/tour.h"
@@ -28,7 +30,8 @@ class DemoTour : public ::testing::Test {
 protected:
     static void SetUpTestSuite()
     {
-        s_out = std::filesystem::temp_directory_path() / "dockpanes_tour_test";
+        // CTest runs each case in a process of its own, side by side.
+        s_out = std::filesystem::temp_directory_path() / ("dockpanes_tour_test_" + std::to_string(getpid()));
         std::filesystem::remove_all(s_out);
         std::filesystem::create_directories(s_out);
         s_app = new CWinApp("tour test");
@@ -46,6 +49,7 @@ protected:
 
     static void TearDownTestSuite()
     {
+        std::filesystem::remove_all(s_out);
         s_app->m_pMainWnd = nullptr;
         delete s_ide;
         delete s_project;

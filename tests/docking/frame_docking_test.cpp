@@ -195,3 +195,28 @@ TEST_F(FrameDocking, BadCallsChangeNothing)
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(FrameDocking, AGroupsShareSplitsTheRegionInProportion)
+{
+    EditBar& build = MakeBar("build");
+    EditBar& watch = MakeBar("watch");
+    frame.DockControlBar(&build, DockRegion::Bottom);
+    frame.DockControlBar(&watch, DockRegion::Bottom);
+    const int both = BarRect(build).Width() + BarRect(watch).Width();
+
+    frame.SetGroupShare(&build, 1);
+    frame.SetGroupShare(&watch, 3);
+    EXPECT_NEAR(BarRect(watch).Width(), both * 3 / 4, 1);
+    EXPECT_EQ(BarRect(build).Width() + BarRect(watch).Width(), both);
+
+    // A share of nothing, or a bar the frame has not docked, changes nothing.
+    EditBar& loose = MakeBar("loose");
+    frame.SetGroupShare(&watch, 0);
+    frame.SetGroupShare(&loose, 50);
+    frame.SetGroupShare(nullptr, 50);
+    EXPECT_NEAR(BarRect(watch).Width(), both * 3 / 4, 1);
+}
+
+}  // namespace
