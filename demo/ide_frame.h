@@ -51,6 +51,7 @@ public:
     // Creates the frame and its panes, docks them and opens the project.
     bool CreateIde(const CRect& rect);
 
+    const SampleProject& Project() const { return m_project; }
     // Shows a file of the project at a 1-based line, with its functions.
     void OpenFile(std::string_view path, int line);
     // Runs a build and shows its log; searches the sources into the search pane.

@@ -91,7 +91,11 @@ TEST_F(DemoTour, TheProjectPanesAskedTheHostToOpenFilesAtTheirLines)
     EXPECT_TRUE(Says("UWM_WORKSPACE_OPEN_FILE   file C:\\8051\\traffic\\timer0.c, line 1"));
     EXPECT_TRUE(Says("UWM_FUNCLIST_SELECTED"));
     EXPECT_TRUE(Says("UWM_GOTO_SOURCE           file C:\\8051\\traffic\\lights.c"));
-    EXPECT_TRUE(Says("UWM_MSGVIEW_GOTO          file C:\\8051\\traffic\\uart.c"));
+    EXPECT_TRUE(Says("UWM_MSGVIEW_GOTO          file C:\\8051\\traffic\\uart.c, line " +
+                     std::to_string(s_project->LineOf("uart.c", "SBUF = c"))));
+    // The search result the tour follows, in next_phase.
+    EXPECT_TRUE(Says("UWM_GOTO_SOURCE           file C:\\8051\\traffic\\lights.c, line " +
+                     std::to_string(s_project->LineOf("lights.c", "phase = (phase + 1)"))));
 }
 
 TEST_F(DemoTour, TheWatchTalkedToTheDebuggerService)
