@@ -54,16 +54,16 @@ public:
 private:
     void Step(const std::string& utf8) { m_ide.transcript.Step(utf8); }
 
-    // A point the script looks up; a missing one is reported and skipped.
-    bool Found(CPoint point, const char* what)
+    // Something the script looks for; a missing one is reported and skipped.
+    bool Found(bool found, const char* what)
     {
-        if (point.x >= 0) return true;
+        if (found) return true;
         m_ide.transcript.Line(std::string("   (tour: cannot find ") + what + ")");
         m_found = false;
         return false;
     }
 
-    bool FoundLine(int line, const char* what) { return Found(line >= 0 ? CPoint(0, 0) : CPoint(-1, -1), what); }
+    bool Found(CPoint point, const char* what) { return Found(point.x >= 0, what); }
 
     void OpenProject()
     {
@@ -111,7 +111,7 @@ private:
         Step("the user double-clicks the error");
         auto& log = ViewOf<CMessageEditCtrl>(m_ide.panes.build);
         const int line = EditLineOf(log, "error");
-        if (FoundLine(line, "the error in the build log")) {
+        if (Found(line >= 0, "the error in the build log")) {
             log.LineScroll(line - log.GetFirstVisibleLine());
             Input::DoubleClick(&log, EditLineCentre(log, line));
         }
@@ -127,7 +127,7 @@ private:
         const int line = EditLineOf(results, "lights.c(" + std::to_string(hit) + ")");
         Step("the user scrolls to the hit in next_phase and double-clicks it");
         Input::Wait();
-        if (FoundLine(line, "the search hit in next_phase")) {
+        if (Found(line >= 0, "the search hit in next_phase")) {
             results.LineScroll(line - results.GetFirstVisibleLine());
             Input::DoubleClick(&results, EditLineCentre(results, line));
         }
@@ -138,11 +138,7 @@ private:
     {
         Step("the user starts debugging: the debugger reports in its pane; the user clicks its tab");
         m_ide.ShowDebugMessages();
-        const CRect tab = m_ide.TabRect(&m_ide.panes.debug);
-        Input::Wait();
-        if (Found(tab.IsRectEmpty() ? CPoint(-1, -1) : tab.CenterPoint(), "the debug messages tab")) {
-            Input::Click(&m_ide, tab.CenterPoint());
-        }
+        Found(ClickTab(m_ide, m_ide.panes.debug), "the debug messages tab");
         m_record.Shot("debug-messages", "Debug messages, shown by a click on their tab.");
     }
 
@@ -157,11 +153,7 @@ private:
         Input::MouseMove(&m_ide, CPoint(from.x, from.y - kBottomSplitterLift));
         Input::MouseUp(&m_ide, CPoint(from.x, from.y - kBottomSplitterLift));
         Step("the user clicks the targets tab of the workspace");
-        const CRect targets = m_ide.TabRect(&m_ide.panes.targets);
-        Input::Wait();
-        if (Found(targets.IsRectEmpty() ? CPoint(-1, -1) : targets.CenterPoint(), "the targets tab")) {
-            Input::Click(&m_ide, targets.CenterPoint());
-        }
+        Found(ClickTab(m_ide, m_ide.panes.targets), "the targets tab");
         m_record.Shot("resized", "The bottom panes made taller with the splitter; the targets tab shows the build targets and their options.");
     }
 

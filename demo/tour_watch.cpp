@@ -125,19 +125,11 @@ private:
         m_record.Shot("memory", "Ctrl+M on a member: the memory pane shows xdata at its address, its bytes marked.");
 
         Step("the user clicks the second watch's tab: the debugger's own list, refreshed after another step");
-        const CRect tab = m_ide.TabRect(&m_ide.panes.watch2);
-        if (!tab.IsRectEmpty()) {
-            Input::Wait();
-            Input::Click(&m_ide, tab.CenterPoint());
-        }
+        ClickTab(m_ide, m_ide.panes.watch2);
         m_ide.RunStep();
         m_record.Shot("fixed-list", "The fixed-list watch pane mirrors the debugger's list; it takes no new rows.");
         Step("the user clicks the first watch's tab again");
-        const CRect first = m_ide.TabRect(&m_ide.panes.watch1);
-        if (!first.IsRectEmpty()) {
-            Input::Wait();
-            Input::Click(&m_ide, first.CenterPoint());
-        }
+        ClickTab(m_ide, m_ide.panes.watch1);
     }
 
     CIdeFrame& m_ide;

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "platform/input/input.h"
+
 namespace {
 
 HTREEITEM FindNode(CTreeCtrl& tree, HTREEITEM node, std::string_view text)
@@ -67,4 +69,13 @@ int GridLineOf(CGridCtrl& grid, std::string_view gbkText)
         if (row && std::string_view(row->text) == gbkText) return line;
     }
     return -1;
+}
+
+bool ClickTab(CBCGPFrameWnd& frame, const CBCGPDockingControlBar& bar)
+{
+    const CRect tab = frame.TabRect(&bar);
+    if (tab.IsRectEmpty()) return false;
+    Input::Wait();
+    Input::Click(&frame, tab.CenterPoint());
+    return true;
 }

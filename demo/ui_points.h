@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "grid/grid_ctrl.h"
+#include "platform/docking/bcgp_frame_wnd.h"
 #include "platform/controls/rich_edit_ctrl.h"
 #include "platform/controls/tree_ctrl.h"
 
@@ -20,3 +21,7 @@ CPoint GridCellCentre(CGridCtrl& grid, int item, int column);
 CPoint GridExpandBoxCentre(CGridCtrl& grid, int item);
 // The first display line whose row text is the GBK text; -1 when none is.
 int GridLineOf(CGridCtrl& grid, std::string_view gbkText);
+
+// Clicks the tab of a docked bar, as a user switches panes; false when the
+// bar has no tab to click (it is alone in its group or not docked).
+bool ClickTab(CBCGPFrameWnd& frame, const CBCGPDockingControlBar& bar);

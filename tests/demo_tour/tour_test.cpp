@@ -74,6 +74,8 @@ TEST_F(DemoTour, RunsToItsEndAndIndexesEveryScreenshot)
 {
     ASSERT_NE(s_module, nullptr);
     EXPECT_TRUE(s_played) << s_transcript;
+    // Every step found what it pointed at.
+    EXPECT_FALSE(Says("(tour:")) << s_transcript;
     EXPECT_TRUE(s_finished);
     const std::string index = ReadFile(s_out / "tour.md");
     int shots = 0;
