@@ -1,9 +1,12 @@
 #include "demo/ide_frame.h"
 
+#include <memory>
+
 #include "funclist/func_seek_items.h"
 #include "host/host_messages.h"
 #include "platform/core/thread.h"
 #include "platform/text/gbk.h"
+#include "siblings/orv_project_misc.h"
 #include "siblings/work_space_tree1.h"
 #include "siblings/work_space_tree2.h"
 
@@ -24,12 +27,6 @@ constexpr UINT kSourceViewId = 0xE8FF;
 // pane that mirrors the service's list.
 constexpr int kFirstWatchNumb = 1;
 
-template <class View, class Pane>
-View* ViewOf(Pane& pane)
-{
-    return dynamic_cast<View*>(CWnd::FromHandle(pane.GetViewHwnd()));
-}
-
 std::string Utf8(const char* gbk)
 {
     return GbkToUtf8(gbk ? gbk : "");
@@ -48,14 +45,18 @@ typename List::GroupType* GroupFor(List& list, const std::string& path)
     return group;
 }
 
+// Adds a mark unless its line has one already (the group then refuses it).
 template <class Item, class List>
-Item* AddMark(List& list, const std::string& path, int line, const std::string& text)
+void AddMark(List& list, const std::string& path, int line, const std::string& text, bool active = false)
 {
-    auto* item = new Item;
+    auto item = std::make_unique<Item>();
     item->line = line;
     std::snprintf(item->text, sizeof item->text, "%s", text.c_str());
-    GroupFor(list, path)->OrdAdd(item);
-    return item;
+    if constexpr (requires { item->active; }) item->active = active;
+    auto* group = GroupFor(list, path);
+    const int before = group->GetSize();
+    group->OrdAdd(item.get());
+    if (group->GetSize() > before) item.release();
 }
 
 // Line marks of one file for the source view's gutter.
@@ -78,7 +79,10 @@ CIdeFrame::CIdeFrame(const SampleProject& project) : m_project(project)
     context.breakPointList = &breakpoints;
 }
 
-CIdeFrame::~CIdeFrame() = default;
+CIdeFrame::~CIdeFrame()
+{
+    OrvProjectMisc::SetListener({});
+}
 
 bool CIdeFrame::CreateIde(const CRect& rect)
 {
@@ -93,6 +97,7 @@ bool CIdeFrame::CreateIde(const CRect& rect)
         ShowTab(&panes.memory);
     };
     if (!debugger.Create(this)) return false;
+    OrvProjectMisc::SetListener([this](std::string_view routine, int argument) { AnswerSibling(routine, argument); });
     context.debuggerWindow = debugger.GetSafeHwnd();
     DockPanes();
     FillProject();
@@ -177,7 +182,7 @@ void CIdeFrame::AddMarks()
         const std::string path = SampleProject::kFolder + std::string(mark.file);
         const std::string text = m_project.LineText(mark.file, line);
         if (mark.breakpoint) {
-            AddMark<CBreakPointItem>(breakpoints, path, line, text)->active = mark.active;
+            AddMark<CBreakPointItem>(breakpoints, path, line, text, mark.active);
         } else {
             AddMark<CBookMarkItem>(bookmarks, path, line, text);
         }
@@ -224,8 +229,8 @@ void CIdeFrame::OpenFile(std::string_view path, int line)
 
 void CIdeFrame::ToggleBreakpoint(const std::string& path, int line)
 {
-    const std::string fileName = path.substr(std::min(path.size(), std::string_view(SampleProject::kFolder).size()));
-    if (!m_project.FileAt(path) || line < 1) return;
+    const SourceFile* file = m_project.FileAt(path);
+    if (!file || line < 1) return;
     CBreakPointItems* group = GroupFor(breakpoints, path);
     for (int i = 0; i < group->GetSize(); ++i) {
         if (group->ItemAt(i)->line != line) continue;
@@ -234,7 +239,7 @@ void CIdeFrame::ToggleBreakpoint(const std::string& path, int line)
         RefreshMarks();
         return;
     }
-    AddMark<CBreakPointItem>(breakpoints, path, line, m_project.LineText(fileName, line))->active = 1;
+    AddMark<CBreakPointItem>(breakpoints, path, line, m_project.LineText(file->name, line), true);
     RefreshMarks();
 }
 
@@ -253,6 +258,23 @@ void CIdeFrame::Search(std::string_view needle)
 void CIdeFrame::ShowDebugMessages()
 {
     SendLines(panes.debug.GetViewHwnd(), m_project.DebugMessages());
+}
+
+void CIdeFrame::SetPaneFont(const char* gbkFace, int points)
+{
+    OrvProjectMisc::SetDockFont(gbkFace, points);
+    for (HWND view : {panes.bookmarks.GetViewHwnd(), panes.breakpoints.GetViewHwnd(), panes.functions.GetViewHwnd(),
+                      panes.build.GetViewHwnd(), panes.search.GetViewHwnd(), panes.debug.GetViewHwnd()}) {
+        ::SendMessage(view, UWM_DOCK_FONT_CHANGED, 0, 0);
+    }
+}
+
+void CIdeFrame::RefreshViews()
+{
+    RefreshMarks();
+    ::SendMessage(panes.watch1.GetViewHwnd(), UWM_WATCH_REFRESH, 0, 0);
+    ::SendMessage(panes.watch2.GetViewHwnd(), UWM_WATCH_REFRESH, 0, 0);
+    panes.memory.View().Refresh();
 }
 
 void CIdeFrame::RunStep()
@@ -308,6 +330,14 @@ void CIdeFrame::AnswerCommand(UINT id)
         breakpoints.ReleaseAllItems();
         RefreshMarks();
     }
+}
+
+// The sibling module's stop and refresh routines, which the views call for
+// Esc, the stop command and F5.
+void CIdeFrame::AnswerSibling(std::string_view routine, int argument)
+{
+    transcript.Received("sibling " + std::string(routine), "(" + std::to_string(argument) + ")");
+    if (routine == "KeyF5RefreshWnd") RefreshViews();
 }
 
 // The frame's keys, as an IDE binds them: F7 builds, F9 in the source view

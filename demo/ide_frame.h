@@ -58,6 +58,11 @@ public:
     void Build();
     void Search(std::string_view needle);
     void ShowDebugMessages();
+    // The pane font the user chose: the sibling module answers it from now on
+    // and every view hears that it changed.
+    void SetPaneFont(const char* gbkFace, int points);
+    // What F5 in a view asks for: every view shows the project afresh.
+    void RefreshViews();
     // Sets a breakpoint on a line of a project file, or removes the one there.
     void ToggleBreakpoint(const std::string& path, int line);
     // Lets the target run one step; the watch panes show what changed.
@@ -90,6 +95,7 @@ private:
     void SendLines(HWND view, const std::vector<MessageLineRecord>& lines);
     void AnswerGoto(const char* message, WPARAM path, LPARAM line);
     void AnswerCommand(UINT id);
+    void AnswerSibling(std::string_view routine, int argument);
 
     const SampleProject& m_project;
     AppData m_app;

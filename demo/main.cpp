@@ -13,7 +13,6 @@
 #include "demo/tour_script.h"
 #include "platform/core/module.h"
 #include "platform/core/thread.h"
-#include "siblings/orv_project_misc.h"
 
 namespace {
 
@@ -42,15 +41,11 @@ int main(int argc, char** argv)
             AfxFreeLibrary(module);
             return 1;
         }
-        OrvProjectMisc::SetListener([&](std::string_view routine, int argument) {
-            ide.transcript.Line("sibling " + std::string(routine) + "(" + std::to_string(argument) + ")");
-        });
         TourRecord record(ide, ide.transcript, out);
         const bool played = PlayTour(ide, record);
         const bool written = record.Finish() && record.AllShotsWritten();
         std::printf("%s\n", (out / "tour.md").c_str());
         result = played && written ? 0 : 1;
-        OrvProjectMisc::SetListener({});
         app.m_pMainWnd = nullptr;
     }
     AfxFreeLibrary(module);

@@ -16,6 +16,9 @@ namespace {
 constexpr UINT kBreakpointGoTo = 32057;   // "定位到"
 constexpr UINT kBookmarkClearAll = 32014; // "清除所有书签"
 
+// The pane font the user picks: one size up from the 9 points panes start with.
+constexpr int kLargerFontPoints = 12;
+
 // The search hit the tour follows: where next_phase moves the phase on.
 constexpr const char* kSearchHitText = "phase = (phase + 1)";
 
@@ -138,8 +141,10 @@ private:
     {
         Step("the user starts debugging: the debugger reports in its pane; the user clicks its tab");
         m_ide.ShowDebugMessages();
+        Step("the user picks a 12-point pane font; the message views take it");
+        m_ide.SetPaneFont(GBK("宋体").c_str(), kLargerFontPoints);
         Found(ClickTab(m_ide, m_ide.panes.debug), "the debug messages tab");
-        m_record.Shot("debug-messages", "Debug messages, shown by a click on their tab.");
+        m_record.Shot("debug-messages", "Debug messages, shown by a click on their tab, in the 12-point pane font the user picked.");
     }
 
     void ResizeAndSwitchTabs()
@@ -159,6 +164,10 @@ private:
 
     void UseContextMenus()
     {
+        Step("the user presses F5 in the bookmark view: the host shows the project afresh");
+        ViewOf<CBookMarkListTreeCtrl>(m_ide.panes.bookmarks).SetFocus();
+        Input::Key(VK_F5);
+
         Step("the user right-clicks a breakpoint and chooses 'go to' from its menu");
         auto& breakpoints = ViewOf<CBreakPointListTreeCtrl>(m_ide.panes.breakpoints);
         const CPoint first = TreeLabelCentre(breakpoints, "main.c");
