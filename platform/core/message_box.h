@@ -1,7 +1,8 @@
 // Message boxes. Every box is recorded (owner, caption, text, flags) so that a
-// host or a test can see what the user was told. With nobody at the screen a
-// box is answered at once: by the next queued answer, else with the default
-// button (IDOK for an OK box).
+// host or a test can see what the user was told. A queued answer answers a
+// box at once. Without one, an interactive box is drawn over its owner and
+// waits for the user; with nobody at the screen (the default) it is answered
+// with the default button (IDOK for an OK box).
 #pragma once
 
 #include <functional>
@@ -39,6 +40,9 @@ using Answer = std::function<int(const MessageBoxRecord&)>;
 // Boxes shown so far, oldest first.
 AFX_API const std::vector<MessageBoxRecord>& Shown();
 AFX_API void Queue(Answer answer);
+// Off by default: with nobody at the screen a box must never wait for input.
+AFX_API void SetInteractive(bool on);
+AFX_API bool IsInteractive();
 // Forgets shown boxes and queued answers.
 AFX_API void Reset();
 

@@ -9,6 +9,7 @@ struct DriverState {
     std::deque<MenuDriver::Answer> answers;
     std::optional<ShownMenu> last;
     int shown = 0;
+    bool interactive = false;
 };
 
 DriverState& State()
@@ -50,18 +51,26 @@ void Dismiss()
     Queue([](const ShownMenu&) { return 0u; });
 }
 
-UINT Run(const ShownMenu& menu)
+UINT Run(const ShownMenu& menu, const Track& track)
 {
     DriverState& state = State();
     state.last = menu;
     ++state.shown;
-    if (state.answers.empty()) return 0;
-    Answer answer = std::move(state.answers.front());
-    state.answers.pop_front();
-    const UINT chosen = answer ? answer(menu) : 0;
+    UINT chosen = 0;
+    if (!state.answers.empty()) {
+        Answer answer = std::move(state.answers.front());
+        state.answers.pop_front();
+        chosen = answer ? answer(menu) : 0;
+    } else if (state.interactive && track) {
+        chosen = track();
+    }
     const ShownMenuItem* item = chosen ? menu.Find(chosen) : nullptr;
     return item && item->enabled ? chosen : 0;
 }
+
+void SetInteractive(bool on) { State().interactive = on; }
+
+bool IsInteractive() { return State().interactive; }
 
 int ShownCount() { return State().shown; }
 

@@ -1,8 +1,9 @@
-// The menu driver answers popup menus when nobody sits at the screen: a test
-// or the demo script queues answers, and each popup menu that opens takes the
-// next one. A menu that opens with no answer queued is dismissed, as if the
-// user pressed Escape. Every menu shown is recorded with its items' texts and
-// the enabled state its update handlers gave them.
+// The menu driver answers popup menus: a test or the demo script queues
+// answers, and each popup menu that opens takes the next one. A menu that
+// opens with no answer queued is dismissed, as if the user pressed Escape,
+// unless the driver is interactive: then the user at the screen tracks it
+// with the mouse and keys. Every menu shown is recorded with its items' texts
+// and the enabled state its update handlers gave them.
 #pragma once
 
 #include <functional>
@@ -43,8 +44,16 @@ AFX_API void Queue(Answer answer);
 AFX_API void Choose(UINT id);
 // Queues an answer that looks and dismisses.
 AFX_API void Dismiss();
-// Called by the popup menu: takes the next answer (none: dismiss).
-AFX_API UINT Run(const ShownMenu& menu);
+// Lets the user choose from the open menu; returns the command, 0 to dismiss.
+using Track = std::function<UINT()>;
+
+// Called by the popup menu: takes the next answer; with none queued the user
+// tracks the menu when the driver is interactive, else it is dismissed.
+AFX_API UINT Run(const ShownMenu& menu, const Track& track = nullptr);
+
+// Off by default: with nobody at the screen a menu must never wait for input.
+AFX_API void SetInteractive(bool on);
+AFX_API bool IsInteractive();
 
 AFX_API int ShownCount();
 // The last menu shown; null before any.

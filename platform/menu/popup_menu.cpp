@@ -5,16 +5,18 @@
 #include "platform/core/thread.h"
 #include "platform/gdi/gdi_object.h"
 #include "platform/gdi/sys_color.h"
+#include "platform/menu/menu_layout.h"
 
 namespace {
 
-// Layout of a drawn popup menu.
-constexpr int kItemHeight = 18;       // 12 px menu font plus room above and below
-constexpr int kSeparatorHeight = 8;   // an etched line in the middle
+using MenuLayout::kBorder;
+using MenuLayout::kItemHeight;
+using MenuLayout::kSeparatorHeight;
+
+// Columns of a drawn popup menu.
 constexpr int kTextLeft = 20;         // room for a check mark
 constexpr int kTextRight = 24;        // room for a submenu arrow
 constexpr int kColumnGap = 16;        // between an item's text and its key label
-constexpr int kBorder = 3;            // raised frame
 
 int g_liveCount = 0;
 
@@ -39,7 +41,7 @@ int CBCGPPopupMenu::LiveCount() { return g_liveCount; }
 
 void CBCGPPopupMenu::PostNcDestroy()
 {
-    delete this;
+    if (!m_tracking) delete this;
 }
 
 ShownMenuItem CBCGPPopupMenu::Describe(const MenuItemData& item, CCmdTarget* target) const
@@ -72,17 +74,13 @@ CSize CBCGPPopupMenu::MeasureItems() const
     dc.SelectObject(font);
     int textWidth = 0;
     int keyWidth = 0;
-    int height = 2 * kBorder;
     for (const MenuItemData& item : m_items) {
-        if (item.flags & MF_SEPARATOR) {
-            height += kSeparatorHeight;
-            continue;
-        }
+        if (item.flags & MF_SEPARATOR) continue;
         const auto [text, key] = SplitAtTab(item.text);
         textWidth = std::max(textWidth, static_cast<int>(dc.GetTextExtent(text.c_str(), static_cast<int>(text.size())).cx));
         if (!key.empty()) keyWidth = std::max(keyWidth, static_cast<int>(dc.GetTextExtent(key.c_str(), static_cast<int>(key.size())).cx));
-        height += kItemHeight;
     }
+    const int height = (m_rowTops.empty() ? kBorder : m_rowTops.back()) + kBorder;
     const int width = 2 * kBorder + kTextLeft + textWidth + (keyWidth ? kColumnGap + keyWidth : 0) + kTextRight;
     return CSize(width, height);
 }
@@ -105,11 +103,12 @@ BOOL CBCGPPopupMenu::Create(CWnd* pWndParent, int x, int y, HMENU hMenu, BOOL, B
     if (CWnd* targetWnd = CWnd::FromHandle(target)) {
         for (const MenuItemData& item : m_items) m_shown.items.push_back(Describe(item, targetWnd));
     }
+    m_rowTops = MenuLayout::RowTops(m_shown.items);
     const CSize size = MeasureItems();
     CreateEx(0, "BCGPPopupMenu", "", WS_POPUP | WS_VISIBLE, CRect(CPoint(x, y), size), pWndParent, 0);
     Paint::UpdateAllWindows();
 
-    const UINT chosen = MenuDriver::Run(m_shown);
+    const UINT chosen = MenuDriver::Run(m_shown, [this] { return Track(); });
 
     if (IsWindow(owner)) ::SendMessage(owner, WM_EXITMENULOOP, TRUE, 0);
     // The window's end deletes this object; only locals are used afterwards.
@@ -132,21 +131,23 @@ void CBCGPPopupMenu::OnPaint()
     dc.SelectObject(CFont::FromHandle(GetStockObject(DEFAULT_GUI_FONT)));
     dc.SetBkMode(TRANSPARENT);
 
-    int y = kBorder;
     const size_t count = std::min(m_items.size(), m_shown.items.size());
-    for (size_t i = 0; i < count; ++i) {
+    for (size_t i = 0; i < count && i < m_rowTops.size(); ++i) {
         const ShownMenuItem& item = m_shown.items[i];
+        const int y = m_rowTops[i];
         if (item.separator) {
             const int middle = y + kSeparatorHeight / 2 - 1;
             dc.FillSolidRect(kBorder + 1, middle, client.Width() - 2 * kBorder - 2, 1, GetSysColor(COLOR_BTNSHADOW));
             dc.FillSolidRect(kBorder + 1, middle + 1, client.Width() - 2 * kBorder - 2, 1, GetSysColor(COLOR_BTNHIGHLIGHT));
-            y += kSeparatorHeight;
             continue;
         }
         const auto [text, key] = SplitAtTab(item.text);
         CRect row(kBorder + kTextLeft, y, client.Width() - kBorder - kTextRight, y + kItemHeight);
-        const COLORREF colour = item.enabled ? GetSysColor(COLOR_MENUTEXT) : GetSysColor(COLOR_GRAYTEXT);
-        if (!item.enabled) {
+        const bool hot = static_cast<int>(i) == m_tracker.Hot();
+        if (hot) dc.FillSolidRect(kBorder, y, client.Width() - 2 * kBorder, kItemHeight, GetSysColor(COLOR_HIGHLIGHT));
+        COLORREF colour = item.enabled ? GetSysColor(COLOR_MENUTEXT) : GetSysColor(COLOR_GRAYTEXT);
+        if (hot) colour = GetSysColor(COLOR_HIGHLIGHTTEXT);
+        if (!item.enabled && !hot) {
             // Disabled items look etched: a highlight copy one pixel down-right.
             dc.SetTextColor(GetSysColor(COLOR_BTNHIGHLIGHT));
             CRect etched = row;
@@ -162,6 +163,5 @@ void CBCGPPopupMenu::OnPaint()
             const int ay = y + kItemHeight / 2;
             for (int d = 0; d < 4; ++d) dc.FillSolidRect(ax + d, ay - 3 + d, 1, 7 - 2 * d, colour);
         }
-        y += kItemHeight;
     }
 }
