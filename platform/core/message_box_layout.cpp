@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/gdi/dc.h"
+#include "platform/gdi/gdi_object.h"
 #include "platform/text/gbk.h"
 
 namespace MessageBoxGeometry {
@@ -82,6 +84,14 @@ CRect Centred(const CRect& over, int width, int height)
 }
 
 }  // namespace
+
+int DialogFontWidth(std::string_view text)
+{
+    CDC dc;
+    dc.CreateCompatibleDC(nullptr);
+    dc.SelectObject(CFont::FromHandle(GetStockObject(DEFAULT_GUI_FONT)));
+    return dc.GetTextExtent(text.data(), static_cast<int>(text.size())).cx;
+}
 
 std::vector<std::string> WrapText(std::string_view text, int maxWidth, const TextWidth& width)
 {

@@ -37,6 +37,9 @@ constexpr int kMaxLines = 40;       // a box taller than a screen shows nothing 
 // Pixel width of a run of GBK text.
 using TextWidth = std::function<int(std::string_view)>;
 
+// The width of text in the dialog font the box is drawn in.
+AFX_API int DialogFontWidth(std::string_view text);
+
 // Lines no wider than maxWidth: a break at "\n" ("\r\n"), else after a space
 // or on either side of a double-byte character; a word wider than a line is
 // cut between characters, never inside one. At most kMaxLines lines.

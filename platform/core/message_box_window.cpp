@@ -14,14 +14,6 @@ namespace {
 
 constexpr int kCaptionIndent = 6;  // caption text clear of the frame
 
-int TextWidth(std::string_view text)
-{
-    CDC dc;
-    dc.CreateCompatibleDC(nullptr);
-    dc.SelectObject(CFont::FromHandle(GetStockObject(DEFAULT_GUI_FONT)));
-    return dc.GetTextExtent(text.data(), static_cast<int>(text.size())).cx;
-}
-
 // The box sits over its owner, else over the main window.
 HWND PlaceOf(HWND owner)
 {
@@ -79,7 +71,7 @@ int MessageBoxWindow::Run()
     const HWND place = PlaceOf(m_record.owner);
     CRect over;
     if (place) ::GetWindowRect(place, &over);
-    m_layout = MessageBoxGeometry::LayOut(m_record, over, &TextWidth);
+    m_layout = MessageBoxGeometry::LayOut(m_record, over, &MessageBoxGeometry::DialogFontWidth);
     m_focus = m_layout.defaultButton;
     const int cancel = m_layout.buttons[static_cast<size_t>(m_layout.cancelButton)].id;
     CWnd* owner = IsWindow(m_record.owner) ? CWnd::FromHandle(m_record.owner) : nullptr;
