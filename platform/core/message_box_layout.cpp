@@ -46,6 +46,10 @@ void WrapParagraph(std::string_view text, int maxWidth, const TextWidth& width, 
         if (wrapped && line.empty() && ch == " ") continue;
         const bool wide = length == 2;
         const int w = width(ch);
+        if (wide && !line.empty()) {
+            breakAt = line.size();
+            widthAtBreak = lineWidth;
+        }
         if (!line.empty() && lineWidth + w > maxWidth) {
             if (breakAt == 0) {
                 lines.push_back(TrimRight(std::move(line)));
@@ -59,10 +63,6 @@ void WrapParagraph(std::string_view text, int maxWidth, const TextWidth& width, 
             breakAt = 0;
             wrapped = true;
             if (line.empty() && ch == " ") continue;
-        }
-        if (wide && !line.empty()) {
-            breakAt = line.size();
-            widthAtBreak = lineWidth;
         }
         line.append(ch);
         lineWidth += w;
