@@ -38,11 +38,11 @@ private:
     // The user's choice from the open window, through a nested input loop.
     UINT Track();
     ShownMenuItem Describe(const MenuItemData& item, CCmdTarget* target) const;
-    CSize MeasureItems() const;
 
     std::vector<MenuItemData> m_items;
     ShownMenu m_shown;
     std::vector<int> m_rowTops;  // MenuLayout::RowTops of the shown items
     MenuTracker m_tracker{m_shown.items};
     bool m_tracking = false;  // Create is on the stack: the window's end must not delete this
+    UINT m_chosen = 0;        // what the user chose while tracking; 0 when dismissed
 };

@@ -5,7 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "platform/core/input_state.h"
 #include "platform/core/thread.h"
+#include "platform/core/window_registry.h"
 #include "platform/docking/frame_wnd.h"
 #include "platform/gdi/sys_color.h"
 #include "platform/input/input.h"
@@ -22,9 +24,11 @@ constexpr UINT kPaste = 101;
 constexpr UINT kStop = 102;  // greyed
 constexpr UINT kSave = 103;
 constexpr UINT kSelectAll = 104;
+constexpr UINT kHex = 105;      // in the Format submenu
+constexpr UINT kDecimal = 106;  // in the Format submenu
 
 // The items as the view's menu lists them.
-enum Item { kCopyItem, kPasteItem, kSeparatorItem, kStopItem, kSaveItem, kSelectAllItem, kItemCount };
+enum Item { kCopyItem, kPasteItem, kSeparatorItem, kStopItem, kSaveItem, kSelectAllItem, kFormatItem, kItemCount };
 
 // Opens its menu where it is right-clicked and logs what reaches it.
 class MenuView : public CWnd {
@@ -51,6 +55,11 @@ protected:
         menu.AppendMenu(MF_STRING | MF_GRAYED, kStop, "&Stop");
         menu.AppendMenu(MF_STRING, kSave, "&Save");
         menu.AppendMenu(MF_STRING, kSelectAll, "Select &All");
+        CMenu format;
+        format.CreatePopupMenu();
+        format.AppendMenu(MF_STRING, kHex, "&Hex");
+        format.AppendMenu(MF_STRING, kDecimal, "&Decimal");
+        menu.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(format.Detach()), "&Format");
         auto* popup = new CBCGPPopupMenu;
         popup->Create(this, point.x, point.y, menu.GetSafeHmenu(), FALSE, TRUE);
     }
@@ -58,6 +67,8 @@ protected:
     void OnPaste() { log.push_back("paste"); }
     void OnSave() { log.push_back("save"); }
     void OnSelectAll() { log.push_back("select all"); }
+    void OnHex() { log.push_back("hex"); }
+    void OnDecimal() { log.push_back("decimal"); }
 };
 
 BEGIN_MESSAGE_MAP(MenuView, CWnd)
@@ -66,6 +77,8 @@ BEGIN_MESSAGE_MAP(MenuView, CWnd)
     ON_COMMAND(kPaste, &MenuView::OnPaste)
     ON_COMMAND(kSave, &MenuView::OnSave)
     ON_COMMAND(kSelectAll, &MenuView::OnSelectAll)
+    ON_COMMAND(kHex, &MenuView::OnHex)
+    ON_COMMAND(kDecimal, &MenuView::OnDecimal)
 END_MESSAGE_MAP()
 
 class InteractiveMenus : public ::testing::Test {
@@ -159,7 +172,7 @@ TEST_F(InteractiveMenus, ArrowKeysWrapAndSkipSeparatorsAndDisabledItems)
     OpenMenu().Key(VK_UP).Key(VK_DOWN).Key(VK_RETURN).Play();
     EXPECT_EQ(view.log.back(), "copy");
 
-    OpenMenu().Key(VK_UP).Key(VK_UP).Key(VK_UP).Key(VK_RETURN).Play();
+    OpenMenu().Key(VK_UP).Key(VK_UP).Key(VK_UP).Key(VK_UP).Key(VK_RETURN).Play();
     EXPECT_EQ(view.log.back(), "paste");
 
     // Enter with no hot item dismisses.
@@ -248,6 +261,57 @@ TEST_F(InteractiveMenus, QueuedAnswersWinAndTheDefaultStaysHeadless)
     Input::Wait();
     OpenMenu().Press(&view, ItemPoint(kCopyItem)).Release().Play();
     EXPECT_EQ(view.log, (std::vector<std::string>{"enter", "exit", "down", "up"}));
+}
+
+TEST_F(InteractiveMenus, HoverOpensASubmenuBesideItsItemAndAClickInItChooses)
+{
+    const size_t windows = WindowRegistry::TopLevelWindows().size();
+    CRect menu;
+    CRect submenu;
+    WatchedEvents watch([&] {
+        if (!submenu.IsRectEmpty()) return;
+        const std::vector<HWND> tops = WindowRegistry::TopLevelWindows();
+        if (tops.size() != windows + 2) return;
+        ::GetWindowRect(tops[tops.size() - 2], &menu);
+        ::GetWindowRect(tops.back(), &submenu);
+        // The submenu's second row, reached only now that it is open.
+        POINT decimal{submenu.left + kInsideRow, submenu.top + MenuLayout::kBorder + MenuLayout::kItemHeight * 3 / 2};
+        view.ScreenToClient(&decimal);
+        Input::Gesture().MoveTo(&view, decimal).Press(&view, decimal).Release().Queue();
+    });
+    OpenMenu().MoveTo(&view, ItemPoint(kFormatItem)).Play();
+
+    ASSERT_FALSE(submenu.IsRectEmpty());
+    POINT format = ItemPoint(kFormatItem);
+    view.ClientToScreen(&format);
+    EXPECT_GT(submenu.left, menu.left + menu.Width() / 2);  // beside the menu
+    EXPECT_LE(submenu.top, format.y);
+    EXPECT_GT(submenu.top + MenuLayout::kBorder + MenuLayout::kItemHeight, format.y);  // first row level with Format
+    EXPECT_EQ(view.log, (std::vector<std::string>{"enter", "exit", "decimal"}));
+    EXPECT_EQ(WindowRegistry::TopLevelWindows().size(), windows);
+}
+
+TEST_F(InteractiveMenus, KeysOpenAndCloseSubmenusOneLevelAtATime)
+{
+    const size_t windows = WindowRegistry::TopLevelWindows().size();
+    std::vector<size_t> open;  // menu windows after each key down; the last closes the submenu with the choice
+    WatchedEvents watch([&] {
+        if (IsKeyDown(VK_UP) || IsKeyDown(VK_RIGHT) || IsKeyDown(VK_ESCAPE) || IsKeyDown(VK_RETURN) || IsKeyDown(VK_DOWN) ||
+            IsKeyDown(VK_LEFT))
+            open.push_back(WindowRegistry::TopLevelWindows().size() - windows);
+    });
+    // Up to Format, Right opens it (Hex hot), Down to Decimal, Left closes
+    // it, Right opens it again, Escape closes it, Enter opens it once more.
+    OpenMenu()
+        .Key(VK_UP).Key(VK_RIGHT).Key(VK_DOWN).Key(VK_LEFT).Key(VK_RIGHT).Key(VK_ESCAPE).Key(VK_RETURN).Key(VK_DOWN)
+        .Key(VK_RETURN)
+        .Play();
+    EXPECT_EQ(open, (std::vector<size_t>{1, 2, 2, 1, 2, 1, 2, 2, 1}));
+    EXPECT_EQ(view.log, (std::vector<std::string>{"enter", "exit", "decimal"}));
+
+    view.log.clear();
+    OpenMenu().Key('F').Key('H').Play();  // mnemonics open the submenu, then choose in it
+    EXPECT_EQ(view.log, (std::vector<std::string>{"enter", "exit", "hex"}));
 }
 
 TEST(MenuMnemonics, TheLetterAfterTheMarkerUpperCased)
