@@ -1,6 +1,8 @@
 // The drawn message box: a top-level popup centred over its owner that holds
 // the mouse and keys in a nested input loop until one of its buttons is
-// pressed, by a click, Enter, Space, Escape or a button's letter.
+// pressed: by a click, by Enter or Space (the focused button, the default one
+// until Tab or an arrow key moves the focus), by Escape (Cancel, No, or OK
+// alone) or by a button's letter.
 #pragma once
 
 #include "platform/core/message_box_layout.h"
