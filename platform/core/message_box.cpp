@@ -7,6 +7,7 @@ namespace {
 struct BoxState {
     std::vector<MessageBoxRecord> shown;
     std::deque<MessageBoxes::Answer> answers;
+    bool interactive = false;
 };
 
 BoxState& State()
@@ -47,5 +48,7 @@ void Reset()
     State().shown.clear();
     State().answers.clear();
 }
+
+void SetInteractive(bool interactive) { State().interactive = interactive; }
 
 }  // namespace MessageBoxes

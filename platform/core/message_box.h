@@ -41,5 +41,7 @@ AFX_API const std::vector<MessageBoxRecord>& Shown();
 AFX_API void Queue(Answer answer);
 // Forgets shown boxes and queued answers.
 AFX_API void Reset();
+// Whether a person sits at the screen to answer boxes (a desktop window).
+AFX_API void SetInteractive(bool interactive);
 
 }  // namespace MessageBoxes

@@ -9,6 +9,7 @@ struct DriverState {
     std::deque<MenuDriver::Answer> answers;
     std::optional<ShownMenu> last;
     int shown = 0;
+    bool interactive = false;
 };
 
 DriverState& State()
@@ -76,6 +77,11 @@ void Reset()
     state.answers.clear();
     state.last.reset();
     state.shown = 0;
+}
+
+void SetInteractive(bool interactive)
+{
+    State().interactive = interactive;
 }
 
 }  // namespace MenuDriver
