@@ -73,7 +73,7 @@ void EventPump::Handle(const SDL_Event& event)
         break;
     case SDL_DROPCOMPLETE:
         Input::Real::SetTime(event.drop.timestamp);
-        m_drop.Complete(m_frame, m_display.Window());
+        m_drop.Complete(m_frame, MouseOnScreen());
         break;
     default: break;
     }
@@ -124,6 +124,15 @@ void EventPump::HandleWheel(const SDL_MouseWheelEvent& event)
     SDL_GetMouseState(&x, &y);
     Input::Real::SetTime(event.timestamp);
     Input::Screen::Wheel(POINT{x, y}, delta);
+}
+
+POINT EventPump::MouseOnScreen() const
+{
+    // The other application held the pointer during a drag: ask the desktop.
+    int x = 0, y = 0, left = 0, top = 0;
+    SDL_GetGlobalMouseState(&x, &y);
+    SDL_GetWindowPosition(m_display.Window(), &left, &top);
+    return POINT{x - left, y - top};
 }
 
 void EventPump::Shown()

@@ -27,6 +27,8 @@ private:
     void HandleKey(const SDL_KeyboardEvent& event);
     void HandleWheel(const SDL_MouseWheelEvent& event);
     void Shown();
+    // Where the mouse is, in the screen the window shows.
+    POINT MouseOnScreen() const;
 
     CWnd& m_frame;
     Display& m_display;

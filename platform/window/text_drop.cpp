@@ -1,7 +1,5 @@
 #include "platform/window/text_drop.h"
 
-#include <SDL.h>
-
 #include "platform/input/input.h"
 #include "platform/ole/clipboard.h"
 #include "platform/ole/format_blocks.h"
@@ -22,7 +20,7 @@ void TextDrop::AddText(std::string_view utf8)
     m_hasText = true;
 }
 
-void TextDrop::Complete(CWnd& frame, SDL_Window* window)
+void TextDrop::Complete(CWnd& frame, POINT screen)
 {
     if (!m_hasText) return;
     const std::string gbk = DesktopText::FromDesktop(m_utf8);
@@ -34,11 +32,7 @@ void TextDrop::Complete(CWnd& frame, SDL_Window* window)
         GlobalFree(mem);
         return;
     }
-    // The other application held the pointer during the drag: ask where it is now.
-    int x = 0, y = 0, left = 0, top = 0;
-    SDL_GetGlobalMouseState(&x, &y);
-    SDL_GetWindowPosition(window, &left, &top);
-    POINT at{x - left, y - top};
+    POINT at = screen;
     frame.ScreenToClient(&at);
     Input::DropFromOutside(data, Input::Gesture().MoveTo(&frame, at).Release(), DROPEFFECT_COPY);
 }

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include <SDL_video.h>
+#include "platform/core/win_types.h"
 
 class CWnd;
 
@@ -15,9 +15,10 @@ public:
     // A drop begins; its text may come in several pieces (lines).
     void Begin();
     void AddText(std::string_view utf8);
-    // The drop is complete: drags what came over the frame's window to the
-    // mouse and releases it there. Nothing happens for a drop without text.
-    void Complete(CWnd& frame, SDL_Window* window);
+    // The drop is complete: drags what came over the frame to the screen
+    // point where the mouse is and releases it there. Nothing happens for a
+    // drop without text.
+    void Complete(CWnd& frame, POINT screen);
 
 private:
     std::string m_utf8;
