@@ -96,7 +96,8 @@ void EventPump::HandleWindowEvent(const SDL_WindowEvent& event)
     case SDL_WINDOWEVENT_SIZE_CHANGED: {
         CRect rect;
         m_frame.GetWindowRect(&rect);
-        if (rect.Width() == event.data1 && rect.Height() == event.data2) break;
+        // A window shrunk to nothing (minimised) keeps the frame as it was.
+        if (event.data1 < 1 || event.data2 < 1 || (rect.Width() == event.data1 && rect.Height() == event.data2)) break;
         m_frame.MoveWindow(CRect(0, 0, event.data1, event.data2));
         if (!m_display.Resize(event.data1, event.data2)) m_closed = true;
         Paint::UpdateAllWindows();
