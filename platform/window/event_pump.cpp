@@ -13,6 +13,13 @@
 #include "platform/window/display.h"
 #include "platform/window/key_map.h"
 
+namespace {
+
+// A screen point no window of the frame covers: where the mouse is once it left.
+constexpr POINT kNowhere{-1, -1};
+
+}  // namespace
+
 EventPump::EventPump(CWnd& frame, Display& display, std::function<void()> shown)
     : m_frame(frame), m_display(display), m_shown(std::move(shown))
 {
@@ -91,6 +98,14 @@ void EventPump::HandleWindowEvent(const SDL_WindowEvent& event)
         if (!m_wasShown) {
             m_wasShown = true;
             Shown();
+        }
+        break;
+    case SDL_WINDOWEVENT_LEAVE:
+        // The mouse left for another window: hover ends, unless a button
+        // holds it (the desktop then keeps sending its moves).
+        if (!IsKeyDown(static_cast<int>(VK_LBUTTON)) && !IsKeyDown(static_cast<int>(VK_RBUTTON))) {
+            Input::Real::SetTime(event.timestamp);
+            Input::Screen::Move(kNowhere, Input::kNone);
         }
         break;
     case SDL_WINDOWEVENT_SIZE_CHANGED: {
