@@ -13,6 +13,14 @@
 
 namespace {
 
+// Lets go of SDL's video; the last user of SDL shuts it down whole, which
+// also closes the desktop bus connection its video opened.
+void QuitVideo()
+{
+    SDL_QuitSubSystem(SDL_INIT_VIDEO);
+    if (SDL_WasInit(SDL_INIT_EVERYTHING) == 0) SDL_Quit();
+}
+
 // The pump nested loops take their events from while a window runs.
 EventPump* g_pump = nullptr;
 
@@ -31,7 +39,7 @@ public:
         ModalInput::SetEventSource(&Input::PlayNext);
         Input::Real::UseSimulatedClock();
         g_pump = nullptr;
-        if (m_ok) SDL_QuitSubSystem(SDL_INIT_VIDEO);
+        if (m_ok) QuitVideo();
     }
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
@@ -49,7 +57,7 @@ namespace Desktop {
 bool Available()
 {
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) return false;
-    SDL_QuitSubSystem(SDL_INIT_VIDEO);
+    QuitVideo();
     return true;
 }
 
