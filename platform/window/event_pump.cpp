@@ -61,6 +61,8 @@ void EventPump::Handle(const SDL_Event& event)
     case SDL_MOUSEBUTTONUP:
         // The platform's windows know two buttons.
         if (event.button.button != SDL_BUTTON_LEFT && event.button.button != SDL_BUTTON_RIGHT) break;
+        // The input layer pairs a second press in place into a double click
+        // by these times, within its double-click time (SDL's default too).
         Input::Real::SetTime(event.button.timestamp);
         Input::Screen::Button(POINT{event.button.x, event.button.y}, event.button.button == SDL_BUTTON_RIGHT,
                               event.type == SDL_MOUSEBUTTONDOWN, Input::kNone);
