@@ -206,6 +206,12 @@ void CIdeFrame::ShowLineMarks()
     source.SetLineMarks(std::move(marks));
 }
 
+void CIdeFrame::OpenProject()
+{
+    RestoreWatchList({"phase", "ticks", "temperature", "cfg", "lights", "mode", "cursor", "total", "red", "timings"});
+    OpenFile(SampleProject::kFolder + std::string("main.c"), 1);
+}
+
 void CIdeFrame::OpenFile(std::string_view path, int line)
 {
     const SourceFile* file = m_project.FileAt(path);

@@ -52,6 +52,9 @@ public:
     bool CreateIde(const CRect& rect);
 
     const SampleProject& Project() const { return m_project; }
+    // What the host does when the user opens the project: the project's
+    // watch list restored, main.c shown at its top.
+    void OpenProject();
     // Shows a file of the project at a 1-based line, with its functions.
     void OpenFile(std::string_view path, int line);
     // Runs a build and shows its log; searches the sources into the search pane.

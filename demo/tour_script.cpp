@@ -71,9 +71,7 @@ private:
     void OpenProject()
     {
         Step("the host opens the project: file tree, targets, marks, the project's watch list");
-        m_ide.RestoreWatchList({"phase", "ticks", "temperature", "cfg", "lights", "mode", "cursor", "total", "red",
-                                "timings"});
-        m_ide.OpenFile(SampleProject::kFolder + std::string("main.c"), 1);
+        m_ide.OpenProject();
         m_record.Shot("project-open", "The project is open: files, functions of main.c, bookmarks, breakpoints, watch list restored.");
     }
 

@@ -7,4 +7,4 @@ cd "$(dirname "$0")/.."
 scripts/setup.sh default demohost dockpanes
 mkdir -p out
 rm -f out/*.png
-build/default/bin/demohost out
+build/default/bin/demohost --headless out

@@ -55,4 +55,6 @@ void Reset()
     State().answers.clear();
 }
 
+void SetInteractive(bool interactive) { State().interactive = interactive; }
+
 }  // namespace MessageBoxes

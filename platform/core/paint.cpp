@@ -54,6 +54,16 @@ CRect VisibleClientArea(HWND hwnd, CPoint* origin)
     return VisibleArea(hwnd, false, origin);
 }
 
+// Tells the screen that an area of a window's top-level surface is drawn on.
+void NotePainted(HWND hwnd, CRect surfaceArea)
+{
+    const WindowData* data = WindowRegistry::Find(hwnd);
+    while (data && data->parent) data = WindowRegistry::Find(data->parent);
+    if (!data) return;
+    surfaceArea.OffsetRect(data->rect.left, data->rect.top);
+    Paint::MarkScreenPainted(surfaceArea);
+}
+
 // The frame (scroll bars) is drawn after the client, so a client that
 // changed its bars while painting has them drawn in the same pass.
 void PaintFrame(HWND hwnd)
@@ -141,17 +151,8 @@ bool CaptureScreen(const RECT& area, const char* path)
     UpdateAllWindows();
     const CRect screenArea(area);
     if (screenArea.IsRectEmpty() || !path) return false;
-    Surface screen(screenArea.Width(), screenArea.Height(), ColorRefToPixel(GetSysColor(COLOR_BACKGROUND)));
-    for (HWND top : WindowRegistry::TopLevelWindows()) {
-        const WindowData* data = WindowRegistry::Find(top);
-        if (!data || !data->surface || !(data->style & WS_VISIBLE)) continue;
-        CRect visible;
-        if (!visible.IntersectRect(data->rect, screenArea)) continue;
-        for (int y = visible.top; y < visible.bottom; ++y) {
-            const std::uint32_t* from = data->surface->Row(y - data->rect.top) + (visible.left - data->rect.left);
-            std::copy(from, from + visible.Width(), screen.Row(y - screenArea.top) + (visible.left - screenArea.left));
-        }
-    }
+    Surface screen(screenArea.Width(), screenArea.Height());
+    ComposeScreen(screenArea, screen, POINT{0, 0});
     return WritePng(screen, path);
 }
 
@@ -280,6 +281,7 @@ CDC* BeginPaint(HWND hwnd, CDC& dc, PAINTSTRUCT* ps)
     data->update.SetRectEmpty();
     data->eraseNeeded = false;
     dc.AttachToSurface(surface, origin, clip);
+    NotePainted(hwnd, clip);
     ps->hdc = dc.GetSafeHdc();
     // Children drawn over by this window paint again after it.
     for (HWND child : data->children) {
@@ -326,6 +328,8 @@ CClientDC::CClientDC(CWnd* wnd)
     CPoint origin;
     const CRect visible = VisibleClientArea(hwnd, &origin);
     AttachToSurface(surface, origin, visible);
+    // What it will draw is not known yet: all it may draw on counts.
+    NotePainted(hwnd, visible);
 }
 
 CWindowDC::CWindowDC(HWND hwnd)
@@ -335,4 +339,5 @@ CWindowDC::CWindowDC(HWND hwnd)
     CPoint origin;
     const CRect visible = VisibleArea(hwnd, true, &origin);
     AttachToSurface(surface, origin, visible);
+    NotePainted(hwnd, visible);
 }

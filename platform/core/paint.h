@@ -26,6 +26,18 @@ AFX_API bool CaptureWindow(HWND hwnd, const char* path);
 // Paints what is pending, then writes what the screen shows in an area:
 // every visible top-level window (popup menus included) in z-order.
 AFX_API bool CaptureScreen(const RECT& area, const char* path);
+// What the screen shows in `area` as it stands (nothing is painted first),
+// written into `target` with the area's top-left corner at `at`; what falls
+// outside the target is left out.
+AFX_API void ComposeScreen(const CRect& area, Surface& target, POINT at);
+// The screen area whose pixels may have changed since the last call, as one
+// box: areas painted into top-level surfaces, and the old and new places of
+// top-level windows that moved, were resized, shown, hidden, restacked or
+// destroyed. Empty when nothing changed. A display that shows the screen
+// recomposes just this area.
+AFX_API CRect TakeDirtyScreenArea();
+// Notes that pixels of a screen area were drawn (the DCs call it).
+AFX_API void MarkScreenPainted(const CRect& screenArea);
 // Whether painting of this window is held back (hidden, redraw off, locked).
 AFX_API bool IsPaintSuppressed(HWND hwnd);
 

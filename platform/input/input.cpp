@@ -4,6 +4,7 @@
 #include "platform/core/modal_loop.h"
 #include "platform/core/paint.h"
 #include "platform/core/thread.h"
+#include "platform/input/real_input.h"
 #include "platform/input/screen_input.h"
 
 namespace Input {
@@ -17,29 +18,29 @@ struct ClickMemory {
 };
 
 DWORD g_clock = 1000;
+bool g_realClock = false;  // the clock is set from real event times
 ClickMemory g_lastClick;
+
+// The time of the next event: real events carry theirs.
+DWORD NextTime()
+{
+    return g_realClock ? g_clock : g_clock + kEventSpacing;
+}
 
 DWORD Tick()
 {
-    g_clock += kEventSpacing;
+    g_clock = NextTime();
     return g_clock;
 }
 
 using Screen::PressModifiers;
 
-// The character a key types, as the platform's translation gives it; 0 for none.
-int CharacterOf(UINT key)
+// The control character a key types (Ctrl+letter, Enter, Backspace, Escape,
+// Tab), as the platform's translation gives it; 0 for none.
+int ControlCharacterOf(UINT key)
 {
-    const bool shift = GetKeyState(static_cast<int>(VK_SHIFT)) < 0;
-    const bool control = GetKeyState(static_cast<int>(VK_CONTROL)) < 0;
-    if (key >= 'A' && key <= 'Z') {
-        if (control) return static_cast<int>(key - 'A' + 1);
-        return shift ? static_cast<int>(key) : static_cast<int>(key - 'A' + 'a');
-    }
-    if (control) return 0;
-    if (key >= '0' && key <= '9') return static_cast<int>(key);
+    if (GetKeyState(static_cast<int>(VK_CONTROL)) < 0) return key >= 'A' && key <= 'Z' ? static_cast<int>(key - 'A' + 1) : 0;
     switch (key) {
-    case VK_SPACE: return ' ';
     case VK_RETURN: return '\r';
     case VK_BACK: return '\b';
     case VK_ESCAPE: return 0x1B;
@@ -47,6 +48,21 @@ int CharacterOf(UINT key)
     default: return 0;
     }
 }
+
+// The character a key types, as the platform's translation gives it; 0 for none.
+int CharacterOf(UINT key)
+{
+    if (const int control = ControlCharacterOf(key)) return control;
+    if (GetKeyState(static_cast<int>(VK_CONTROL)) < 0) return 0;
+    const bool shift = GetKeyState(static_cast<int>(VK_SHIFT)) < 0;
+    if (key >= 'A' && key <= 'Z') return shift ? static_cast<int>(key) : static_cast<int>(key - 'A' + 'a');
+    if (key >= '0' && key <= '9') return static_cast<int>(key);
+    return key == VK_SPACE ? ' ' : 0;
+}
+
+// Which characters a key down is translated into: all it types (simulated
+// keys), or control characters alone (real keys, whose text comes apart).
+using Translation = int (*)(UINT key);
 
 // Modifiers held for the event alone, or pressed before it.
 UINT MouseFlags(unsigned modifiers)
@@ -109,7 +125,9 @@ void DeliverMouse(UINT message, POINT screen, unsigned modifiers)
     Deliver(msg);
 }
 
-void DeliverKey(UINT message, UINT key)
+bool DeliverTranslated(MSG message, Translation translate);
+
+void DeliverKey(UINT message, UINT key, Translation translate = CharacterOf)
 {
     const HWND focus = GetFocus();
     // A modal loop of the platform takes keys whether a window has the focus or not.
@@ -120,7 +138,7 @@ void DeliverKey(UINT message, UINT key)
     msg.wParam = key;
     msg.lParam = message == WM_KEYUP ? static_cast<LPARAM>(0xC0000001) : 1;
     GetCursorPos(&msg.pt);
-    Deliver(msg);
+    DeliverTranslated(msg, translate);
 }
 
 }  // namespace
@@ -133,7 +151,7 @@ void Button(POINT screen, bool right, bool down, unsigned modifiers)
     UINT message = right ? (down ? WM_RBUTTONDOWN : WM_RBUTTONUP) : (down ? WM_LBUTTONDOWN : WM_LBUTTONUP);
     if (down && !right) {
         // A press that follows a click in the same place soon enough pairs with it.
-        const DWORD now = g_clock + kEventSpacing;
+        const DWORD now = NextTime();
         const HWND target = GetCapture() ? GetCapture() : WindowFromPoint(screen);
         const bool pairs = g_lastClick.armed && g_lastClick.window == target && g_lastClick.screen.x == screen.x &&
                            g_lastClick.screen.y == screen.y && now - g_lastClick.time <= kDoubleClickTime;
@@ -149,6 +167,19 @@ void Button(POINT screen, bool right, bool down, unsigned modifiers)
 void Move(POINT screen, unsigned modifiers)
 {
     DeliverMouse(WM_MOUSEMOVE, screen, modifiers);
+}
+
+void Wheel(POINT screen, int delta)
+{
+    SetCursorPos(screen.x, screen.y);
+    const HWND focus = GetFocus();
+    MSG msg;
+    msg.hwnd = focus ? focus : WindowFromPoint(screen);
+    msg.message = WM_MOUSEWHEEL;
+    msg.wParam = MAKEWPARAM(static_cast<int>(MouseFlags(kNone)), delta);
+    msg.lParam = MAKELPARAM(screen.x, screen.y);  // the wheel carries screen coordinates
+    msg.pt = screen;
+    if (msg.hwnd) Deliver(msg);
 }
 
 void PressModifiers(unsigned modifiers, bool down)
@@ -178,6 +209,13 @@ void Button(CWnd* window, CPoint clientPoint, bool right, bool down, unsigned mo
 
 bool Deliver(MSG message)
 {
+    return DeliverTranslated(message, CharacterOf);
+}
+
+namespace {
+
+bool DeliverTranslated(MSG message, Translation translate)
+{
     message.time = Tick();
     // A modal loop of the platform (a scroll bar or OLE drag) holds the input.
     if (IsInputMessage(message.message) && ModalInput::Dispatch(message)) {
@@ -190,7 +228,7 @@ bool Deliver(MSG message)
     if (!taken) {
         SendMessage(message.hwnd, message.message, message.wParam, message.lParam);
         if (message.message == WM_KEYDOWN) {
-            if (const int ch = CharacterOf(static_cast<UINT>(message.wParam)); ch && IsWindow(message.hwnd)) {
+            if (const int ch = translate(static_cast<UINT>(message.wParam)); ch && IsWindow(message.hwnd)) {
                 MSG typed = message;
                 typed.message = WM_CHAR;
                 typed.wParam = static_cast<WPARAM>(ch);
@@ -201,6 +239,8 @@ bool Deliver(MSG message)
     Paint::UpdateAllWindows();
     return taken;
 }
+
+}  // namespace
 
 void MouseDown(CWnd* window, CPoint clientPoint, bool right, unsigned modifiers)
 {
@@ -248,15 +288,7 @@ void Wheel(CWnd* window, CPoint clientPoint, int delta)
     if (!window) return;
     POINT screen = clientPoint;
     window->ClientToScreen(&screen);
-    SetCursorPos(screen.x, screen.y);
-    const HWND focus = GetFocus();
-    MSG msg;
-    msg.hwnd = focus ? focus : WindowFromPoint(screen);
-    msg.message = WM_MOUSEWHEEL;
-    msg.wParam = MAKEWPARAM(static_cast<int>(MouseFlags(kNone)), delta);
-    msg.lParam = MAKELPARAM(screen.x, screen.y);  // the wheel carries screen coordinates
-    msg.pt = screen;
-    if (msg.hwnd) Deliver(msg);
+    Screen::Wheel(screen, delta);
 }
 
 void KeyDown(UINT virtualKey, unsigned modifiers)
@@ -304,5 +336,31 @@ void Wait(unsigned milliseconds)
 {
     g_clock += milliseconds;
 }
+
+namespace Real {
+
+void SetTime(DWORD milliseconds)
+{
+    g_realClock = true;
+    g_clock = milliseconds;
+}
+
+void UseSimulatedClock()
+{
+    g_realClock = false;
+}
+
+void Key(UINT virtualKey, bool down)
+{
+    InputState::SetKeyDown(static_cast<int>(virtualKey), down);
+    DeliverKey(down ? WM_KEYDOWN : WM_KEYUP, virtualKey, ControlCharacterOf);
+}
+
+void Char(unsigned char byte)
+{
+    DeliverKey(WM_CHAR, byte);
+}
+
+}  // namespace Real
 
 }  // namespace Input

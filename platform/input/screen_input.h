@@ -21,6 +21,9 @@ struct Event {
 
 void Button(POINT screen, bool right, bool down, unsigned modifiers);
 void Move(POINT screen, unsigned modifiers);
+// The wheel turned by `delta` (WHEEL_DELTA a notch) with the mouse at the
+// point: to the focus window, else the window under the point.
+void Wheel(POINT screen, int delta);
 // Presses or releases the modifier keys, as real key events.
 void PressModifiers(unsigned modifiers, bool down);
 

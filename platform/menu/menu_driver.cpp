@@ -87,4 +87,9 @@ void Reset()
     state.shown = 0;
 }
 
+void SetInteractive(bool interactive)
+{
+    State().interactive = interactive;
+}
+
 }  // namespace MenuDriver

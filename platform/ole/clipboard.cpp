@@ -14,7 +14,9 @@ struct Clipboard {
     HWND opener = nullptr;
     HWND owner = nullptr;
     bool ownerless = false;  // opened with no window and emptied since
+    bool emptied = false;    // emptied since opened: the content is new at close
     FormatBlocks data;
+    ClipboardTextHook* hook = nullptr;
 };
 
 Clipboard& State()
@@ -34,14 +36,50 @@ bool IsOpen()
     return c.open;
 }
 
+std::optional<std::string> OwnText()
+{
+    std::string text;
+    if (!GlobalText::Read(State().data.Find(CF_TEXT), &text)) return std::nullopt;
+    return text;
+}
+
+// Takes the other clipboard's text when it changed there.
+void TakeHookedText()
+{
+    Clipboard& c = State();
+    if (!c.hook || IsOpen()) return;
+    std::optional<std::string> other = c.hook->Fetch();
+    if (other == OwnText()) return;
+    c.data.Empty();
+    c.owner = nullptr;
+    if (!other) return;
+    if (HGLOBAL mem = GlobalText::Alloc(*other); mem && !c.data.Set(CF_TEXT, mem)) GlobalFree(mem);
+}
+
+void PublishToHook()
+{
+    Clipboard& c = State();
+    if (!c.hook || !c.emptied) return;
+    c.emptied = false;
+    const std::optional<std::string> text = OwnText();
+    c.hook->Publish(text ? &*text : nullptr);
+}
+
 }  // namespace
+
+void SetClipboardTextHook(ClipboardTextHook* hook)
+{
+    State().hook = hook;
+}
 
 BOOL OpenClipboard(HWND owner)
 {
     if (owner && !IsWindow(owner)) return FALSE;
     Clipboard& c = State();
     if (IsOpen()) return c.opener == owner ? TRUE : FALSE;
+    TakeHookedText();
     c.open = true;
+    c.emptied = false;
     c.opener = owner;
     c.ownerless = false;
     return TRUE;
@@ -54,6 +92,7 @@ BOOL CloseClipboard()
     c.open = false;
     c.opener = nullptr;
     c.ownerless = false;
+    PublishToHook();
     return TRUE;
 }
 
@@ -64,6 +103,7 @@ BOOL EmptyClipboard()
     c.data.Empty();
     c.owner = c.opener;
     c.ownerless = c.opener == nullptr;
+    c.emptied = true;
     return TRUE;
 }
 
@@ -80,11 +120,13 @@ HGLOBAL GetClipboardData(UINT format)
 
 BOOL IsClipboardFormatAvailable(UINT format)
 {
+    TakeHookedText();
     return State().data.Find(format) ? TRUE : FALSE;
 }
 
 int CountClipboardFormats()
 {
+    TakeHookedText();
     return State().data.Count();
 }
 

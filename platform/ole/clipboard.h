@@ -13,6 +13,7 @@
 // CF_TEXT data is GBK text ending in a zero byte, lines ending in "\r\n".
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -49,3 +50,22 @@ AFX_API HWND GetOpenClipboardWindow();
 // (getting) holds no text.
 AFX_API bool SetClipboardText(HWND owner, std::string_view text);
 AFX_API bool GetClipboardText(HWND owner, std::string* text);
+
+// Another clipboard that CF_TEXT is shared with: the desktop's, while the
+// application shows in a real window. Without one the clipboard is the
+// thread's own. Closing the clipboard after emptying it publishes what it
+// now holds; opening it (and asking what it holds) first takes the other
+// clipboard's text when that differs from its own CF_TEXT, which then
+// replaces everything it held, with no owner.
+class AFX_EXT_CLASS ClipboardTextHook {
+public:
+    virtual ~ClipboardTextHook() = default;
+    // The clipboard's CF_TEXT (GBK), null when it holds none.
+    virtual void Publish(const std::string* gbkText) = 0;
+    // The other clipboard's text as GBK with "\r\n" line ends; none when it
+    // holds no text.
+    virtual std::optional<std::string> Fetch() = 0;
+};
+
+// Null goes back to the thread's own clipboard. The hook must outlive its use.
+AFX_API void SetClipboardTextHook(ClipboardTextHook* hook);

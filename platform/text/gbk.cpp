@@ -8,10 +8,24 @@
 
 namespace {
 
+// Bytes of the UTF-8 character at the start of text: its lead byte and the
+// continuation bytes that follow it, as many as the lead byte announces, so
+// that a character, whole or cut short, is one replacement. A byte that
+// starts no character is 1.
+size_t Utf8CharBytes(std::string_view text)
+{
+    const auto lead = static_cast<unsigned char>(text[0]);
+    const size_t length = lead >= 0xF0 && lead <= 0xF4 ? 4 : lead >= 0xE0 && lead < 0xF0 ? 3 : lead >= 0xC2 && lead < 0xE0 ? 2 : 1;
+    size_t bytes = 1;
+    while (bytes < length && bytes < text.size() && (static_cast<unsigned char>(text[bytes]) & 0xC0) == 0x80) ++bytes;
+    return bytes;
+}
+
 // One iconv conversion, replacing each unconvertible input character by '?'
 // (or U+003F) so that no text is dropped silently.
 std::string Convert(const char* to, const char* from, std::string_view input, size_t minCharBytes, std::string_view replacement)
 {
+    const bool fromUtf8 = std::strcmp(from, "UTF-8") == 0;
     iconv_t cd = iconv_open(to, from);
     if (cd == reinterpret_cast<iconv_t>(-1)) return std::string();
     std::unique_ptr<void, int (*)(iconv_t)> guard(cd, iconv_close);
@@ -26,8 +40,9 @@ std::string Convert(const char* to, const char* from, std::string_view input, si
         const size_t result = iconv(cd, &in, &inLeft, &outPtr, &outLeft);
         out.append(buffer, static_cast<size_t>(outPtr - buffer));
         if (result == static_cast<size_t>(-1) && errno != E2BIG) {
-            // Invalid or incomplete sequence: skip one input unit.
-            const size_t skip = std::min(inLeft, minCharBytes);
+            // A character the target lacks, or an invalid or incomplete
+            // sequence: skip it whole (a UTF-8 character), else one unit.
+            const size_t skip = fromUtf8 ? Utf8CharBytes(std::string_view(in, inLeft)) : std::min(inLeft, minCharBytes);
             in += skip;
             inLeft -= skip;
             out.append(replacement);

@@ -27,3 +27,13 @@ TEST(GbkText, PrefixesAndCopiesNeverSplitACharacter)
     EXPECT_EQ(CopyGbkText(text, buffer, 0), 0u);
     EXPECT_EQ(CopyGbkText(text, nullptr, 8), 0u);
 }
+
+TEST(GbkText, EachUtf8CharacterGbkLacksBecomesOneQuestionMark)
+{
+    EXPECT_EQ(Utf8ToGbk("a\xF0\x9F\x98\x80" "b"), "a?b");       // an emoji: four bytes, one character
+    EXPECT_EQ(Utf8ToGbk("a\xE7\xBA" "b"), "a?b");               // a character cut short
+    EXPECT_EQ(Utf8ToGbk("a\xE7\xBA"), "a?");                    // ... at the end
+    EXPECT_EQ(Utf8ToGbk("\x80\xBF" "c"), "??c");                // stray continuation bytes, one each
+    EXPECT_EQ(Utf8ToGbk("\xC0\xAF"), "??");                     // an overlong form is no character
+    EXPECT_EQ(Utf8ToGbk("\xE4\xB8\xAD\xF0\x9F\x98\x80"), GBK("中") + "?");
+}
