@@ -55,6 +55,4 @@ void Reset()
     State().answers.clear();
 }
 
-void SetInteractive(bool interactive) { State().interactive = interactive; }
-
 }  // namespace MessageBoxes

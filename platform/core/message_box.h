@@ -45,7 +45,5 @@ AFX_API void SetInteractive(bool on);
 AFX_API bool IsInteractive();
 // Forgets shown boxes and queued answers.
 AFX_API void Reset();
-// Whether a person sits at the screen to answer boxes (a desktop window).
-AFX_API void SetInteractive(bool interactive);
 
 }  // namespace MessageBoxes

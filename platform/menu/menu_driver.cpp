@@ -87,9 +87,4 @@ void Reset()
     state.shown = 0;
 }
 
-void SetInteractive(bool interactive)
-{
-    State().interactive = interactive;
-}
-
 }  // namespace MenuDriver

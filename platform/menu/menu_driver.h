@@ -60,7 +60,5 @@ AFX_API int ShownCount();
 AFX_API const ShownMenu* LastShown();
 // Forgets queued answers and shown menus.
 AFX_API void Reset();
-// Whether a person sits at the screen to answer menus (a desktop window).
-AFX_API void SetInteractive(bool interactive);
 
 }  // namespace MenuDriver
