@@ -32,11 +32,19 @@ public:
         window->ClientToScreen(&screen);
         m_points.push_back(NamedPoint{name, screen});
     }
+    // Written aside and renamed into place, so a script never reads half a file.
     bool Write(const std::filesystem::path& file) const
     {
-        std::ofstream out(file);
-        for (const NamedPoint& point : m_points) out << point.name << ' ' << point.screen.x << ' ' << point.screen.y << '\n';
-        return out.good();
+        std::filesystem::path part = file;
+        part += ".part";
+        {
+            std::ofstream out(part);
+            for (const NamedPoint& point : m_points) out << point.name << ' ' << point.screen.x << ' ' << point.screen.y << '\n';
+            if (!out.good()) return false;
+        }
+        std::error_code error;
+        std::filesystem::rename(part, file, error);
+        return !error;
     }
 
 private:

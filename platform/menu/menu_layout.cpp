@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/core/thread.h"
+
 namespace MenuLayout {
 
 std::vector<int> RowTops(const std::vector<ShownMenuItem>& items)
@@ -46,4 +48,18 @@ UINT MnemonicOf(const std::string& text)
     return 0;
 }
 
+POINT FitOnScreen(POINT at, SIZE size)
+{
+    CWnd* main = AfxGetMainWnd();
+    if (!main || !main->GetSafeHwnd()) return at;
+    CRect screen;
+    main->GetWindowRect(&screen);
+    if (at.x + size.cx > screen.right) at.x -= size.cx;
+    if (at.y + size.cy > screen.bottom) at.y -= size.cy;
+    at.x = std::max<LONG>(at.x, screen.left);
+    at.y = std::max<LONG>(at.y, screen.top);
+    return at;
+}
+
 }  // namespace MenuLayout
+

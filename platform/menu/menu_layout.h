@@ -22,5 +22,11 @@ AFX_API int ItemAt(const std::vector<int>& rowTops, POINT client, int width);
 // '&'), ASCII letters upper-cased as virtual keys are; 0 for none or for a
 // double-byte character.
 AFX_API UINT MnemonicOf(const std::string& text);
+// Where a menu of `size` opened at `at` goes so that it stays on the screen
+// the main window makes (a desktop window shows nothing beyond it): flipped
+// to the left of or above the point where it would run off, as the
+// platform's menus do, and never past the screen's top-left corner. `at`
+// unchanged without a main window.
+AFX_API POINT FitOnScreen(POINT at, SIZE size);
 
 }  // namespace MenuLayout

@@ -68,7 +68,8 @@ BOOL CBCGPPopupMenu::Create(CWnd* pWndParent, int x, int y, HMENU hMenu, BOOL, B
     }
     m_rowTops = MenuLayout::RowTops(m_shown.items);
     const CSize size = MeasureMenu(m_shown.items, m_rowTops);
-    CreateEx(0, "BCGPPopupMenu", "", WS_POPUP | WS_VISIBLE, CRect(CPoint(x, y), size), pWndParent, 0);
+    const POINT at = MenuLayout::FitOnScreen(POINT{x, y}, size);
+    CreateEx(0, "BCGPPopupMenu", "", WS_POPUP | WS_VISIBLE, CRect(CPoint(at), size), pWndParent, 0);
     Paint::UpdateAllWindows();
 
     const UINT chosen = MenuDriver::Run(m_shown, [this] { return Track(); });

@@ -30,7 +30,7 @@ BOOL SubmenuWnd::Open(CWnd* owner, const CRect& item)
     const CSize size = MeasureMenu(*m_items, m_rowTops);
     // Its first item level with the one it opened from.
     const CPoint at(item.right - kOverlap, item.top - MenuLayout::kBorder);
-    return CreateEx(0, "BCGPPopupMenu", "", WS_POPUP | WS_VISIBLE, CRect(at, size), owner, 0);
+    return CreateEx(0, "BCGPPopupMenu", "", WS_POPUP | WS_VISIBLE, CRect(CPoint(MenuLayout::FitOnScreen(at, size)), size), owner, 0);
 }
 
 void SubmenuWnd::OnPaint()

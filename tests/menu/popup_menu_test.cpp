@@ -76,12 +76,12 @@ protected:
     }
 
     // Shows the message menu's popup for the owner.
-    void Show(BOOL ownMessage)
+    void Show(BOOL ownMessage, POINT at = POINT{40, 50})
     {
         CMenu menu;
         ASSERT_TRUE(menu.LoadMenu(20005));
         auto* popup = new CBCGPPopupMenu;
-        popup->Create(&owner, 40, 50, menu.GetSubMenu(0)->GetSafeHmenu(), FALSE, ownMessage);
+        popup->Create(&owner, at.x, at.y, menu.GetSubMenu(0)->GetSafeHmenu(), FALSE, ownMessage);
     }
 
     CWinApp app;
@@ -160,6 +160,23 @@ TEST_F(PopupMenus, TheOpenMenuIsAWindowThatShowsItsItems)
     EXPECT_TRUE(sawWindow);
     EXPECT_NE(WindowFromPoint(POINT{45, 55}), nullptr);
     EXPECT_EQ(CBCGPPopupMenu::LiveCount(), 0);
+}
+
+TEST_F(PopupMenus, AMenuNearTheScreensEdgeFlipsToStayOnIt)
+{
+    // The main frame is the screen a desktop window shows: 300 x 200.
+    CRect shown;
+    MenuDriver::Queue([&](const ShownMenu& menu) {
+        ::GetWindowRect(WindowFromPoint(POINT{menu.point.x - 5, menu.point.y - 5}), &shown);
+        return 0u;
+    });
+    Show(TRUE, POINT{290, 190});
+    CRect screen;
+    frame.GetWindowRect(&screen);
+    EXPECT_EQ(shown.right, 290);
+    EXPECT_EQ(shown.bottom, 190);
+    EXPECT_GE(shown.left, screen.left);
+    EXPECT_GE(shown.top, screen.top);
 }
 
 TEST_F(PopupMenus, BadArgumentsFailAndFreeThePopup)
