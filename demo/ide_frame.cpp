@@ -206,10 +206,29 @@ void CIdeFrame::ShowLineMarks()
     source.SetLineMarks(std::move(marks));
 }
 
-void CIdeFrame::OpenProject()
+void CIdeFrame::OpenProject(const std::optional<ProjectSettings>& settings)
 {
-    RestoreWatchList({"phase", "ticks", "temperature", "cfg", "lights", "mode", "cursor", "total", "red", "timings"});
+    if (settings) {
+        RestoreWatchList(settings->watch);
+        for (const auto& [name, pixels] : settings->regions) {
+            if (name == "left") SetRegionSize(DockRegion::Left, pixels);
+            if (name == "right") SetRegionSize(DockRegion::Right, pixels);
+            if (name == "bottom") SetRegionSize(DockRegion::Bottom, pixels);
+        }
+    } else {
+        RestoreWatchList({"phase", "ticks", "temperature", "cfg", "lights", "mode", "cursor", "total", "red", "timings"});
+    }
     OpenFile(SampleProject::kFolder + std::string("main.c"), 1);
+}
+
+ProjectSettings CIdeFrame::Settings()
+{
+    ProjectSettings settings;
+    settings.watch = SaveWatchList();
+    settings.regions = {{"left", GetRegionSize(DockRegion::Left)},
+                        {"right", GetRegionSize(DockRegion::Right)},
+                        {"bottom", GetRegionSize(DockRegion::Bottom)}};
+    return settings;
 }
 
 void CIdeFrame::OpenFile(std::string_view path, int line)

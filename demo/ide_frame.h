@@ -11,6 +11,7 @@
 #include "demo/debugger/simulated_debugger_service.h"
 #include "demo/host_transcript.h"
 #include "demo/memory_pane.h"
+#include "demo/project_settings.h"
 #include "demo/sample_project.h"
 #include "demo/views/source_view.h"
 #include "host/host_records.h"
@@ -52,9 +53,13 @@ public:
     bool CreateIde(const CRect& rect);
 
     const SampleProject& Project() const { return m_project; }
-    // What the host does when the user opens the project: the project's
-    // watch list restored, main.c shown at its top.
-    void OpenProject();
+    // What the host does when the user opens the project: the settings kept
+    // with it applied (its watch list and layout; a project opened the first
+    // time gets the defaults), main.c shown at its top.
+    void OpenProject(const std::optional<ProjectSettings>& settings = std::nullopt);
+    // The settings to keep with the project: the first watch's list as it
+    // is now and the docking regions' sizes.
+    ProjectSettings Settings();
     // Shows a file of the project at a 1-based line, with its functions.
     void OpenFile(std::string_view path, int line);
     // Runs a build and shows its log; searches the sources into the search pane.

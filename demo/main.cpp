@@ -17,6 +17,7 @@
 #include <fstream>
 
 #include "demo/ide_frame.h"
+#include "demo/project_settings.h"
 #include "demo/sample_project.h"
 #include "demo/tour.h"
 #include "demo/tour_script.h"
@@ -33,6 +34,9 @@ namespace {
 
 // Big enough for the source view's 80 columns between the docked columns.
 const CRect kFrameRect(0, 0, 1280, 900);
+// What the host keeps with the project (watch list, layout), in the output
+// folder: the sample's own folder is the sources', and stays as it is.
+constexpr const char* kSettingsFile = "traffic.prj";
 
 enum class Mode { kAuto, kWindow, kHeadless };
 
@@ -76,7 +80,7 @@ bool WantsWindow([[maybe_unused]] Mode mode)
 int PlayTheTour(CIdeFrame& ide, const std::filesystem::path& out)
 {
     TourRecord record(ide, ide.transcript, out);
-    const bool played = PlayTour(ide, record);
+    const bool played = PlayTour(ide, record) && ide.Settings().Save(out / kSettingsFile);
     const bool written = record.Finish() && record.AllShotsWritten();
     std::printf("%s\n", (out / "tour.md").c_str());
     return played && written ? 0 : 1;
@@ -86,7 +90,8 @@ int PlayTheTour(CIdeFrame& ide, const std::filesystem::path& out)
 int RunInWindow(CIdeFrame& ide, const std::filesystem::path& out)
 {
     ide.transcript.Step("the host opens the project in a desktop window");
-    ide.OpenProject();
+    const std::filesystem::path settings = out / kSettingsFile;
+    ide.OpenProject(ProjectSettings::Load(settings));
     MenuDriver::SetInteractive(true);
     MessageBoxes::SetInteractive(true);
     std::printf("close the window to quit (transcript: %s)\n", (out / "transcript.txt").c_str());
@@ -94,7 +99,8 @@ int RunInWindow(CIdeFrame& ide, const std::filesystem::path& out)
     const int result = Desktop::Run(ide, "dockpanes demo: 8051 IDE", [&ide, &out] {
         if (!WriteWindowPoints(ide, out / "window_points.txt")) std::fprintf(stderr, "cannot write the window's points\n");
     });
-    ide.transcript.Step("the user closed the window");
+    ide.transcript.Step("the user closed the window; the host keeps the watch list and layout with the project");
+    if (IsWindow(ide.GetSafeHwnd()) && !ide.Settings().Save(settings)) std::fprintf(stderr, "cannot save %s\n", settings.c_str());
     std::ofstream transcript(out / "transcript.txt");
     transcript << ide.transcript.Text();
     return result == 0 && transcript.good() ? 0 : 1;

@@ -122,4 +122,18 @@ TEST_F(IdeFrameTest, TheWatchListGoesToTheWatchAndComesBackWithItsEdits)
     EXPECT_GT(fixed->GetItemCount(), 0);
 }
 
+TEST_F(IdeFrameTest, AProjectOpensWithTheSettingsKeptWithIt)
+{
+    ProjectSettings kept;
+    kept.watch = {"ticks", "cfg"};
+    kept.regions = {{"left", 250}, {"bottom", 333}};
+    ide.OpenProject(kept);
+    EXPECT_EQ(ide.GetRegionSize(DockRegion::Left), 250);
+    EXPECT_EQ(ide.GetRegionSize(DockRegion::Bottom), 333);
+    const ProjectSettings now = ide.Settings();
+    EXPECT_EQ(now.watch, kept.watch);
+    EXPECT_EQ(now.regions.at("bottom"), 333);
+    EXPECT_EQ(ide.source.Path(), PathOf("main.c"));
+}
+
 }  // namespace

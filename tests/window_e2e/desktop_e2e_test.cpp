@@ -154,6 +154,11 @@ TEST_F(DesktopWindow, APersonDrivesTheIdeWithRealInputAndClosesIt)
     }
     EXPECT_GE(gotos, 3) << transcript;
     EXPECT_NE(transcript.find("debugger: evaluate \"ticks + 1\""), std::string::npos) << transcript;
+    // The host kept the new watch row and the taller bottom with the project.
+    const std::string settings = ReadFile(m_out / "traffic.prj");
+    EXPECT_NE(settings.find("watch ticks + 1\n"), std::string::npos) << settings;
+    EXPECT_EQ(settings.find("region bottom 290\n"), std::string::npos) << settings;
+    EXPECT_NE(settings.find("region bottom "), std::string::npos) << settings;
 }
 
 }  // namespace
