@@ -153,7 +153,7 @@ void CBCGPFrameWnd::SetRegionSize(DockRegion region, int pixels)
 {
     if (!IsRegion(region)) return;
     // Before the frame exists there is no client to clamp against.
-    m_thickness[Index(region)] = m_hWnd ? docklayout::ClampThickness(MakeSpec(), region, pixels) : std::max(pixels, docklayout::kMinRegion);
+    m_thickness[Index(region)] = m_hWnd ? docklayout::ClampThickness(MakeRequest(), region, pixels) : std::max(pixels, docklayout::kMinRegion);
     RecalcLayout();
 }
 
@@ -162,15 +162,15 @@ int CBCGPFrameWnd::GetRegionSize(DockRegion region) const
     return IsRegion(region) ? m_thickness[Index(region)] : 0;
 }
 
-docklayout::Spec CBCGPFrameWnd::MakeSpec() const
+docklayout::LayoutRequest CBCGPFrameWnd::MakeRequest() const
 {
-    docklayout::Spec spec;
+    docklayout::LayoutRequest request;
     CRect client;
     if (m_hWnd) GetClientRect(&client);
-    spec.client = client.Size();
-    spec.thickness = m_thickness;
-    m_groups.Describe(spec);
-    return spec;
+    request.client = client.Size();
+    request.thickness = m_thickness;
+    m_groups.Describe(request);
+    return request;
 }
 
 void CBCGPFrameWnd::RecalcLayout()
@@ -186,7 +186,7 @@ void CBCGPFrameWnd::RecalcLayout()
             for (const DockGroup& group : m_groups.Region(r))
                 if (CWnd* shown = CWnd::FromHandle(group.Shown())) shown->ShowWindow(SW_SHOW);
     }
-    docklayout::Layout layout = docklayout::Compute(MakeSpec());
+    docklayout::Layout layout = docklayout::Compute(MakeRequest());
     const bool changed = !(layout == m_layout);
     m_layout = std::move(layout);
     PlaceWindows();

@@ -74,7 +74,7 @@ private:
     // Checks shared by the docking calls: a live bar, child of this frame.
     bool IsOurBar(const CBCGPDockingControlBar* bar) const;
     const docklayout::GroupRects* GroupOf(const CBCGPDockingControlBar* bar) const;
-    docklayout::Spec MakeSpec() const;
+    docklayout::LayoutRequest MakeRequest() const;
     void PlaceWindows() const;
     void InvalidateGroup(const std::optional<docklayout::BarPlace>& place, bool tabsToo);
 

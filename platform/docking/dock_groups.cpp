@@ -60,11 +60,11 @@ bool DockGroups::Prune()
     return dropped;
 }
 
-void DockGroups::Describe(Spec& spec) const
+void DockGroups::Describe(LayoutRequest& request) const
 {
     for (size_t r = 0; r < kRegionCount; ++r) {
-        spec.groups[r].clear();
-        for (const DockGroup& g : m_regions[r]) spec.groups[r].push_back(GroupSpec{g.weight, static_cast<int>(g.bars.size())});
+        request.groups[r].clear();
+        for (const DockGroup& g : m_regions[r]) request.groups[r].push_back(GroupRequest{g.weight, static_cast<int>(g.bars.size())});
     }
 }
 

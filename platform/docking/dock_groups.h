@@ -45,7 +45,7 @@ public:
     // Returns true when anything was dropped.
     bool Prune();
     // What the geometry needs: the groups' shares and tab counts.
-    void Describe(Spec& spec) const;
+    void Describe(LayoutRequest& request) const;
 
 private:
     std::array<std::vector<DockGroup>, kRegionCount> m_regions;

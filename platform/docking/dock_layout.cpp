@@ -5,24 +5,24 @@
 namespace docklayout {
 namespace {
 
-bool Docked(const Spec& spec, DockRegion region)
+bool Docked(const LayoutRequest& request, DockRegion region)
 {
-    return !spec.groups[Index(region)].empty();
+    return !request.groups[Index(region)].empty();
 }
 
 // The room left and right may share across the width once the centre and
 // their splitters have theirs.
-int SideRoom(const Spec& spec)
+int SideRoom(const LayoutRequest& request)
 {
-    int room = spec.client.cx - kMinCentre;
-    if (Docked(spec, DockRegion::Left)) room -= kSplitterSize;
-    if (Docked(spec, DockRegion::Right)) room -= kSplitterSize;
+    int room = request.client.cx - kMinCentre;
+    if (Docked(request, DockRegion::Left)) room -= kSplitterSize;
+    if (Docked(request, DockRegion::Right)) room -= kSplitterSize;
     return std::max(room, 0);
 }
 
-int BottomRoom(const Spec& spec)
+int BottomRoom(const LayoutRequest& request)
 {
-    return std::max(spec.client.cy - kMinCentre - kSplitterSize, 0);
+    return std::max(request.client.cy - kMinCentre - kSplitterSize, 0);
 }
 
 struct Thickness {
@@ -30,22 +30,22 @@ struct Thickness {
 };
 
 // The left region is served first when the client is too small for both sides.
-Thickness Fit(const Spec& spec)
+Thickness Fit(const LayoutRequest& request)
 {
     Thickness t;
-    const int room = SideRoom(spec);
-    if (Docked(spec, DockRegion::Left)) t.left = std::clamp(spec.thickness[Index(DockRegion::Left)], 0, room);
-    if (Docked(spec, DockRegion::Right)) t.right = std::clamp(spec.thickness[Index(DockRegion::Right)], 0, room - t.left);
-    if (Docked(spec, DockRegion::Bottom)) t.bottom = std::clamp(spec.thickness[Index(DockRegion::Bottom)], 0, BottomRoom(spec));
+    const int room = SideRoom(request);
+    if (Docked(request, DockRegion::Left)) t.left = std::clamp(request.thickness[Index(DockRegion::Left)], 0, room);
+    if (Docked(request, DockRegion::Right)) t.right = std::clamp(request.thickness[Index(DockRegion::Right)], 0, room - t.left);
+    if (Docked(request, DockRegion::Bottom)) t.bottom = std::clamp(request.thickness[Index(DockRegion::Bottom)], 0, BottomRoom(request));
     return t;
 }
 
 // Splits `length` among the groups by weight, the last taking what rounding leaves.
-std::vector<int> Shares(const std::vector<GroupSpec>& groups, int length)
+std::vector<int> Shares(const std::vector<GroupRequest>& groups, int length)
 {
     std::vector<int> sizes(groups.size(), 0);
     long long total = 0;
-    for (const GroupSpec& g : groups) total += std::max(g.weight, 1);
+    for (const GroupRequest& g : groups) total += std::max(g.weight, 1);
     int given = 0;
     for (size_t i = 0; i + 1 < groups.size(); ++i) {
         sizes[i] = static_cast<int>(length * static_cast<long long>(std::max(groups[i].weight, 1)) / total);
@@ -72,7 +72,7 @@ GroupRects LayOutGroup(const CRect& group, int bars)
 }
 
 // Stacks a region's groups along its length: down for a side, across for the bottom.
-void Stack(RegionRects& out, const std::vector<GroupSpec>& groups, bool across)
+void Stack(RegionRects& out, const std::vector<GroupRequest>& groups, bool across)
 {
     const CRect& r = out.region;
     const int length = across ? r.Width() : r.Height();
@@ -96,30 +96,30 @@ void Stack(RegionRects& out, const std::vector<GroupSpec>& groups, bool across)
 
 }  // namespace
 
-Layout Compute(const Spec& spec)
+Layout Compute(const LayoutRequest& request)
 {
     Layout layout;
-    const int cx = std::max(spec.client.cx, 0);
-    const int cy = std::max(spec.client.cy, 0);
-    const Thickness t = Fit(spec);
+    const int cx = std::max(request.client.cx, 0);
+    const int cy = std::max(request.client.cy, 0);
+    const Thickness t = Fit(request);
 
     int middleLeft = 0;
     int middleRight = cx;
     // Splitters are cut short rather than let out of a client too small for them.
-    if (Docked(spec, DockRegion::Left)) {
+    if (Docked(request, DockRegion::Left)) {
         RegionRects& left = layout.regions[Index(DockRegion::Left)];
         left.region = CRect(0, 0, t.left, cy);
         left.splitter = CRect(t.left, 0, std::min(t.left + kSplitterSize, cx), cy);
         middleLeft = left.splitter.right;
     }
-    if (Docked(spec, DockRegion::Right)) {
+    if (Docked(request, DockRegion::Right)) {
         RegionRects& right = layout.regions[Index(DockRegion::Right)];
         right.region = CRect(std::max(cx - t.right, middleLeft), 0, cx, cy);
         right.splitter = CRect(std::max(right.region.left - kSplitterSize, middleLeft), 0, right.region.left, cy);
         middleRight = right.splitter.left;
     }
     int centreBottom = cy;
-    if (Docked(spec, DockRegion::Bottom)) {
+    if (Docked(request, DockRegion::Bottom)) {
         RegionRects& bottom = layout.regions[Index(DockRegion::Bottom)];
         bottom.region = CRect(middleLeft, std::max(cy - t.bottom, 0), middleRight, cy);
         bottom.splitter = CRect(middleLeft, std::max(bottom.region.top - kSplitterSize, 0), middleRight, bottom.region.top);
@@ -128,20 +128,20 @@ Layout Compute(const Spec& spec)
     layout.centre = CRect(middleLeft, 0, middleRight, centreBottom);
 
     for (size_t i = 0; i < kRegionCount; ++i) {
-        if (spec.groups[i].empty()) continue;
-        Stack(layout.regions[i], spec.groups[i], i == Index(DockRegion::Bottom));
+        if (request.groups[i].empty()) continue;
+        Stack(layout.regions[i], request.groups[i], i == Index(DockRegion::Bottom));
     }
     return layout;
 }
 
-int ClampThickness(const Spec& spec, DockRegion region, int pixels)
+int ClampThickness(const LayoutRequest& request, DockRegion region, int pixels)
 {
-    const Thickness t = Fit(spec);
+    const Thickness t = Fit(request);
     int most = 0;
     switch (region) {
-    case DockRegion::Left: most = SideRoom(spec) - t.right; break;
-    case DockRegion::Right: most = SideRoom(spec) - t.left; break;
-    case DockRegion::Bottom: most = BottomRoom(spec); break;
+    case DockRegion::Left: most = SideRoom(request) - t.right; break;
+    case DockRegion::Right: most = SideRoom(request) - t.left; break;
+    case DockRegion::Bottom: most = BottomRoom(request); break;
     }
     return std::max(std::min(std::max(pixels, kMinRegion), most), 0);
 }

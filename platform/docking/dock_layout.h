@@ -33,15 +33,15 @@ constexpr int kMinGroup = kCaptionHeight + 12;  // a caption with a sliver of it
 constexpr int kDefaultSideWidth = 200;          // left and right regions before the user sizes them
 constexpr int kDefaultBottomHeight = 150;       // room for a few lines of output
 
-struct GroupSpec {
+struct GroupRequest {
     int weight = 1;  // share of the region's length, relative to its neighbours
     int bars = 1;    // more than one gives the group a tab strip
 };
 
-struct Spec {
+struct LayoutRequest {
     CSize client;
     std::array<int, kRegionCount> thickness{kDefaultSideWidth, kDefaultSideWidth, kDefaultBottomHeight};
-    std::array<std::vector<GroupSpec>, kRegionCount> groups;
+    std::array<std::vector<GroupRequest>, kRegionCount> groups;
 };
 
 struct GroupRects {
@@ -70,11 +70,11 @@ struct Layout {
     bool operator==(const Layout&) const = default;
 };
 
-Layout Compute(const Spec& spec);
+Layout Compute(const LayoutRequest& request);
 // The thickness a region takes when asked for `pixels`, with the other
 // regions as they are: at least kMinRegion, and no more than leaves the
 // centre kMinCentre (0 when even that does not fit).
-int ClampThickness(const Spec& spec, DockRegion region, int pixels);
+int ClampThickness(const LayoutRequest& request, DockRegion region, int pixels);
 // Tab `index` of a strip of `count` tabs, all of one width; empty outside.
 CRect TabRect(const CRect& strip, int count, int index);
 // The tab under a point, or -1.

@@ -8,15 +8,15 @@ namespace {
 
 using namespace docklayout;
 
-Spec SpecWith(CSize client, int left, int right, int bottom)
+LayoutRequest RequestWith(CSize client, int left, int right, int bottom)
 {
-    Spec spec;
-    spec.client = client;
-    spec.thickness = {200, 150, 120};
-    for (int i = 0; i < left; ++i) spec.groups[Index(DockRegion::Left)].push_back({100, 1});
-    for (int i = 0; i < right; ++i) spec.groups[Index(DockRegion::Right)].push_back({100, 1});
-    for (int i = 0; i < bottom; ++i) spec.groups[Index(DockRegion::Bottom)].push_back({100, 1});
-    return spec;
+    LayoutRequest request;
+    request.client = client;
+    request.thickness = {200, 150, 120};
+    for (int i = 0; i < left; ++i) request.groups[Index(DockRegion::Left)].push_back({100, 1});
+    for (int i = 0; i < right; ++i) request.groups[Index(DockRegion::Right)].push_back({100, 1});
+    for (int i = 0; i < bottom; ++i) request.groups[Index(DockRegion::Bottom)].push_back({100, 1});
+    return request;
 }
 
 const RegionRects& RegionOf(const Layout& layout, DockRegion region)
@@ -26,9 +26,9 @@ const RegionRects& RegionOf(const Layout& layout, DockRegion region)
 
 TEST(DockLayout, GroupsShareTheirRegionByWeightWithSplittersBetween)
 {
-    Spec spec = SpecWith(CSize(800, 600), 3, 0, 2);
-    spec.groups[Index(DockRegion::Left)][1].weight = 200;
-    const Layout layout = Compute(spec);
+    LayoutRequest request = RequestWith(CSize(800, 600), 3, 0, 2);
+    request.groups[Index(DockRegion::Left)][1].weight = 200;
+    const Layout layout = Compute(request);
     const std::vector<GroupRects>& left = RegionOf(layout, DockRegion::Left).groups;
     ASSERT_EQ(left.size(), 3u);
     const int room = 600 - 2 * kSplitterSize;
@@ -70,22 +70,22 @@ TEST(DockLayout, TabsShareTheStripUpToAWidthAndHitTestingAgrees)
 
 TEST(DockLayout, ThicknessIsClampedSoTheCentreKeepsItsMinimum)
 {
-    const Spec spec = SpecWith(CSize(800, 600), 1, 1, 1);
+    const LayoutRequest request = RequestWith(CSize(800, 600), 1, 1, 1);
     const int sideRoom = 800 - kMinCentre - 2 * kSplitterSize;
-    EXPECT_EQ(ClampThickness(spec, DockRegion::Left, 10000), sideRoom - 150);
-    EXPECT_EQ(ClampThickness(spec, DockRegion::Right, 10000), sideRoom - 200);
-    EXPECT_EQ(ClampThickness(spec, DockRegion::Bottom, 10000), 600 - kMinCentre - kSplitterSize);
-    EXPECT_EQ(ClampThickness(spec, DockRegion::Left, 3), kMinRegion);
-    EXPECT_EQ(ClampThickness(spec, DockRegion::Bottom, -50), kMinRegion);
-    EXPECT_EQ(ClampThickness(spec, DockRegion::Left, 321), 321);
+    EXPECT_EQ(ClampThickness(request, DockRegion::Left, 10000), sideRoom - 150);
+    EXPECT_EQ(ClampThickness(request, DockRegion::Right, 10000), sideRoom - 200);
+    EXPECT_EQ(ClampThickness(request, DockRegion::Bottom, 10000), 600 - kMinCentre - kSplitterSize);
+    EXPECT_EQ(ClampThickness(request, DockRegion::Left, 3), kMinRegion);
+    EXPECT_EQ(ClampThickness(request, DockRegion::Bottom, -50), kMinRegion);
+    EXPECT_EQ(ClampThickness(request, DockRegion::Left, 321), 321);
 }
 
 TEST(DockLayout, ASmallClientShrinksRegionsNeverInvertsARectangle)
 {
     for (const CSize client : {CSize(100, 80), CSize(20, 10), CSize(0, 0), CSize(-5, -5)}) {
-        Spec spec = SpecWith(client, 2, 2, 2);
-        spec.groups[Index(DockRegion::Bottom)][0].bars = 2;
-        const Layout layout = Compute(spec);
+        LayoutRequest request = RequestWith(client, 2, 2, 2);
+        request.groups[Index(DockRegion::Bottom)][0].bars = 2;
+        const Layout layout = Compute(request);
         const auto sane = [](const CRect& r) { return r.left <= r.right && r.top <= r.bottom; };
         EXPECT_TRUE(sane(layout.centre)) << client.cx;
         for (const RegionRects& region : layout.regions) {
@@ -98,7 +98,7 @@ TEST(DockLayout, ASmallClientShrinksRegionsNeverInvertsARectangle)
         }
     }
     // Where there is room for the centre's minimum, the left region gives way last.
-    const Layout tight = Compute(SpecWith(CSize(250, 600), 1, 1, 0));
+    const Layout tight = Compute(RequestWith(CSize(250, 600), 1, 1, 0));
     EXPECT_EQ(RegionOf(tight, DockRegion::Left).region.Width(), 250 - kMinCentre - 2 * kSplitterSize);
     EXPECT_EQ(RegionOf(tight, DockRegion::Right).region.Width(), 0);
     EXPECT_EQ(tight.centre.Width(), kMinCentre);
