@@ -183,17 +183,3 @@ std::vector<MessageLineRecord> SampleProject::DebugMessages() const
         MessageLine(1, GBK("定时器 0 中断已使能 (IE = 0x82)")),
     };
 }
-
-MessageLineRecord MessageLine(int level, std::string_view gbkText, std::string_view path, int line)
-{
-    MessageLineRecord record{};
-    record.level = level;
-    std::snprintf(record.text, sizeof record.text, "%.*s\r\n", static_cast<int>(std::min<std::size_t>(gbkText.size(), 500)),
-                  gbkText.data());
-    if (!path.empty()) {
-        record.located = 1;
-        std::snprintf(record.file, sizeof record.file, "%.*s", static_cast<int>(path.size()), path.data());
-        record.line = line;
-    }
-    return record;
-}

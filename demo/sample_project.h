@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "demo/toolchain/message_line.h"
 #include "output/message_line_record.h"
 
 class CFuncSeekItems;
@@ -56,7 +57,3 @@ public:
 private:
     std::vector<SourceFile> m_files;
 };
-
-// A record for a message view: the text gets its line break; a located line
-// names the file's full path and line.
-MessageLineRecord MessageLine(int level, std::string_view gbkText, std::string_view path = {}, int line = 0);

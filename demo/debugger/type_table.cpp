@@ -101,6 +101,18 @@ TypeId TypeTable::Record(std::uint32_t code, const std::vector<std::pair<std::st
     return Add(std::move(info));
 }
 
+TypeId TypeTable::LaidOutRecord(std::uint32_t code, std::uint32_t size)
+{
+    return Add(Make(code, size));
+}
+
+void TypeTable::SetMembers(TypeId record, std::vector<TypeMember> members)
+{
+    if (record == kNoType || record >= m_types.size()) return;
+    TypeInfo& type = m_types[record];
+    if (type.code == WT_STRUCT || type.code == WT_UNION) type.members = std::move(members);
+}
+
 const TypeInfo* TypeTable::Find(TypeId id) const
 {
     return id != kNoType && id < m_types.size() ? &m_types[id] : nullptr;

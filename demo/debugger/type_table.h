@@ -40,6 +40,11 @@ public:
     // A structure or union (WT_STRUCT, WT_UNION) of named fields, laid out
     // without padding as an 8051 compiler does.
     TypeId Record(std::uint32_t code, const std::vector<std::pair<std::string, TypeId>>& fields);
+    // A structure or union as a compiler's debug information lays it out:
+    // its size given, its members (with their offsets) set afterwards, so a
+    // structure can point to its own kind. SetMembers ignores other ids.
+    TypeId LaidOutRecord(std::uint32_t code, std::uint32_t size);
+    void SetMembers(TypeId record, std::vector<TypeMember> members);
 
     // Null for kNoType and for an id this table never gave.
     const TypeInfo* Find(TypeId id) const;

@@ -1,0 +1,64 @@
+#include "demo/toolchain/debug_info.h"
+
+#include <algorithm>
+
+bool StructType::IsUnion() const
+{
+    const auto atZero = [](const StructMember& member) { return member.offset == 0; };
+    const auto isBitField = [](const StructMember& member) { return member.type.base == BaseType::BitField && member.type.declarators.empty(); };
+    return members.size() > 1 && std::all_of(members.begin(), members.end(), atZero) &&
+           !std::all_of(members.begin(), members.end(), isBitField);
+}
+
+std::uint32_t StructType::Size() const
+{
+    std::uint32_t size = 0;
+    for (const StructMember& member : members) size = std::max(size, member.offset + member.type.size);
+    return size;
+}
+
+const StructType* DebugInfo::FindStruct(std::string_view module, std::string_view name) const
+{
+    const StructType* any = nullptr;
+    for (const StructType& type : structs) {
+        if (type.name != name) continue;
+        if (type.module == module) return &type;
+        if (!any) any = &type;
+    }
+    return any;
+}
+
+const DebugSymbol* DebugInfo::FindVariable(std::string_view name) const
+{
+    const DebugSymbol* fileLevel = nullptr;
+    for (const DebugSymbol& symbol : symbols) {
+        if (symbol.name != name || symbol.type.IsFunction() || symbol.scope == SymbolScope::Local) continue;
+        if (symbol.scope == SymbolScope::Global) return &symbol;
+        if (!fileLevel) fileLevel = &symbol;
+    }
+    return fileLevel;
+}
+
+const DebugFunction* DebugInfo::FindFunction(std::string_view name) const
+{
+    const auto found = std::find_if(functions.begin(), functions.end(), [&](const DebugFunction& f) { return f.name == name; });
+    return found == functions.end() ? nullptr : &*found;
+}
+
+void DebugInfo::IndexFunctions()
+{
+    m_byStart.clear();
+    for (std::size_t i = 0; i < functions.size(); ++i) {
+        if (functions[i].start) m_byStart.push_back(i);
+    }
+    std::sort(m_byStart.begin(), m_byStart.end(), [this](std::size_t a, std::size_t b) { return *functions[a].start < *functions[b].start; });
+}
+
+const DebugFunction* DebugInfo::FunctionAt(std::uint32_t address) const
+{
+    const auto after = std::upper_bound(m_byStart.begin(), m_byStart.end(), address,
+                                        [this](std::uint32_t key, std::size_t f) { return key < *functions[f].start; });
+    if (after == m_byStart.begin()) return nullptr;
+    const DebugFunction* function = &functions[*std::prev(after)];
+    return address <= function->end.value_or(*function->start) ? function : nullptr;
+}
