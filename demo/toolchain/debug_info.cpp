@@ -45,6 +45,16 @@ const DebugFunction* DebugInfo::FindFunction(std::string_view name) const
     return found == functions.end() ? nullptr : &*found;
 }
 
+std::vector<const DebugFunction*> DebugInfo::FunctionsInFile(std::string_view file) const
+{
+    std::vector<const DebugFunction*> found;
+    for (const DebugFunction& function : functions) {
+        if (function.file == file) found.push_back(&function);
+    }
+    std::sort(found.begin(), found.end(), [](const DebugFunction* a, const DebugFunction* b) { return a->line < b->line; });
+    return found;
+}
+
 void DebugInfo::IndexFunctions()
 {
     m_byStart.clear();

@@ -97,6 +97,8 @@ struct DebugInfo {
     // A global or, failing that, a file-level symbol by name; null when none.
     const DebugSymbol* FindVariable(std::string_view name) const;
     const DebugFunction* FindFunction(std::string_view name) const;
+    // The functions whose code a source file holds, by line: a function list.
+    std::vector<const DebugFunction*> FunctionsInFile(std::string_view file) const;
     // The function whose code holds the address; null outside every function.
     const DebugFunction* FunctionAt(std::uint32_t address) const;
 
