@@ -289,7 +289,7 @@ DebugInfo Reader::Finish()
             function.line = first->line;
         }
     }
-    m_info.IndexFunctions();
+    m_info.Index();
     return std::move(m_info);
 }
 

@@ -19,13 +19,13 @@ std::uint32_t StructType::Size() const
 
 const StructType* DebugInfo::FindStruct(std::string_view module, std::string_view name) const
 {
-    const StructType* any = nullptr;
-    for (const StructType& type : structs) {
-        if (type.name != name) continue;
-        if (type.module == module) return &type;
-        if (!any) any = &type;
+    std::optional<std::size_t> index;
+    if (const auto own = m_structByKey.find(std::string(module) + "$" + std::string(name)); own != m_structByKey.end()) {
+        index = own->second;
+    } else if (const auto any = m_structByName.find(std::string(name)); any != m_structByName.end()) {
+        index = any->second;
     }
-    return any;
+    return index && *index < structs.size() ? &structs[*index] : nullptr;
 }
 
 const DebugSymbol* DebugInfo::FindVariable(std::string_view name) const
@@ -55,8 +55,14 @@ std::vector<const DebugFunction*> DebugInfo::FunctionsInFile(std::string_view fi
     return found;
 }
 
-void DebugInfo::IndexFunctions()
+void DebugInfo::Index()
 {
+    m_structByKey.clear();
+    m_structByName.clear();
+    for (std::size_t i = 0; i < structs.size(); ++i) {
+        m_structByKey.emplace(structs[i].module + "$" + structs[i].name, i);
+        m_structByName.emplace(structs[i].name, i);
+    }
     m_byStart.clear();
     for (std::size_t i = 0; i < functions.size(); ++i) {
         if (functions[i].start) m_byStart.push_back(i);

@@ -102,9 +102,13 @@ struct DebugInfo {
     // The function whose code holds the address; null outside every function.
     const DebugFunction* FunctionAt(std::uint32_t address) const;
 
-    // Orders the functions by address for FunctionAt; the parser calls it.
-    void IndexFunctions();
+    // Indexes structures by name and functions by address for the lookups
+    // above; the parser calls it, and so must whoever edits the vectors.
+    void Index();
 
 private:
-    std::vector<std::size_t> m_byStart;  // functions with code, by start; indices survive a copy
+    // Indices rather than pointers, so that a copy stays right.
+    std::vector<std::size_t> m_byStart;  // functions with code, by start
+    std::unordered_map<std::string, std::size_t> m_structByKey;   // "module$name"
+    std::unordered_map<std::string, std::size_t> m_structByName;  // the first of each name
 };
