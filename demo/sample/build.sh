@@ -21,7 +21,9 @@ mkdir -p "$OUT"
 # mode at 0x80), so pushes never reach them.
 # The program's code goes above the constants fixed at 0x0800-0x0817; only
 # the vectors and start-up stay below them.
-CFLAGS="-mmcs51 --model-small --std-sdcc11"
+# Plain char is signed, as the simulated target's model of the program takes
+# it (SDCC makes it unsigned by default).
+CFLAGS="-mmcs51 --model-small --std-sdcc11 --fsigned-char"
 LDFLAGS="--idata-loc 0x90 -Wl-bCSEG=0x0818 --xram-size 0x0800 --code-size 0x2000"
 
 OBJECTS=""

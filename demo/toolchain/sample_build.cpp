@@ -8,7 +8,9 @@ namespace {
 
 // The flags of build.sh: the compiler's own data stays below the fixed
 // variables, the stack above them, the code above the fixed constants.
-const std::vector<std::string> kCompileFlags = {"-mmcs51", "--model-small", "--std-sdcc11", "--debug"};
+// Plain char is signed, as the simulated target's model of the program
+// takes it (SDCC makes it unsigned by default).
+const std::vector<std::string> kCompileFlags = {"-mmcs51", "--model-small", "--std-sdcc11", "--fsigned-char", "--debug"};
 const std::vector<std::string> kLinkFlags = {"--idata-loc", "0x90", "-Wl-bCSEG=0x0818", "--xram-size", "0x0800",
                                              "--code-size", "0x2000"};
 constexpr const char* kProgram = "traffic";
