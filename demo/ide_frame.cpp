@@ -1,7 +1,12 @@
 #include "demo/ide_frame.h"
 
+#include <unistd.h>
+
 #include <memory>
 
+#include "demo/toolchain/build_log.h"
+#include "demo/toolchain/process_run.h"
+#include "demo/toolchain/sample_build.h"
 #include "funclist/func_seek_items.h"
 #include "host/host_messages.h"
 #include "platform/core/thread.h"
@@ -72,7 +77,8 @@ void CollectLineMarks(const List& list, const std::string& path, KindOf kindOf, 
 
 }  // namespace
 
-CIdeFrame::CIdeFrame(const SampleProject& project) : m_project(project)
+CIdeFrame::CIdeFrame(SampleProject& project)
+    : m_project(project), m_buildFolder(std::filesystem::temp_directory_path() / ("dockpanes_build_" + std::to_string(getpid())))
 {
     m_app.context = &context;
     context.bookMarkList = &bookmarks;
@@ -271,7 +277,42 @@ void CIdeFrame::ToggleBreakpoint(const std::string& path, int line)
 void CIdeFrame::Build()
 {
     ShowTab(&panes.build);
-    SendLines(panes.build.GetViewHwnd(), m_project.BuildLog());
+    if (!FindOnPath("sdcc")) {
+        transcript.Line("   (no SDCC on the PATH: the build log kept with the project)");
+        SendLines(panes.build.GetViewHwnd(), m_project.BuildLog());
+        return;
+    }
+    BuildOptions options;
+    options.replacedFile = m_project.VariantName();
+    options.replacement = m_project.VariantPath();
+    const BuildResult result = BuildSample(m_project.Folder(), m_buildFolder, options);
+    transcript.Line(std::string("   (SDCC built the sample: ") + (result.success ? "success" : "failed") + ")");
+    SendLines(panes.build.GetViewHwnd(), BuildLogRecords(result, UnderProjectFolder(SampleProject::kFolder)));
+}
+
+void CIdeFrame::EditWithVariant(const std::string& name, const std::filesystem::path& variant)
+{
+    if (m_project.UseVariant(name, variant)) ReloadShownFile();
+}
+
+void CIdeFrame::RevertEdit()
+{
+    m_project.Revert();
+    ReloadShownFile();
+}
+
+// The shown file's text changed under the view: shown anew at the same line,
+// its functions listed anew.
+void CIdeFrame::ReloadShownFile()
+{
+    const std::string path = source.Path();
+    const int line = source.CaretLine();
+    if (path.empty()) return;
+    // The function list lets go of its list before it is replaced: it takes
+    // a new list only for another file.
+    ::SendMessage(panes.functions.GetViewHwnd(), UWM_FUNCLIST_SHOW_FILE, reinterpret_cast<WPARAM>(""), 0);
+    source.ShowFile({}, {});
+    OpenFile(path, line);
 }
 
 void CIdeFrame::Search(std::string_view needle)

@@ -3,6 +3,7 @@
 // watch list, and answers every message the library sends its host.
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -46,7 +47,7 @@ struct IdePanes {
 
 class CIdeFrame : public CBCGPFrameWnd {
 public:
-    explicit CIdeFrame(const SampleProject& project);
+    explicit CIdeFrame(SampleProject& project);
     ~CIdeFrame() override;
 
     // Creates the frame and its panes, docks them and opens the project.
@@ -62,8 +63,16 @@ public:
     ProjectSettings Settings();
     // Shows a file of the project at a 1-based line, with its functions.
     void OpenFile(std::string_view path, int line);
-    // Runs a build and shows its log; searches the sources into the search pane.
+    // Runs a build and shows its log: the compiler's own when SDCC is on the
+    // PATH, else the log of an earlier build kept with the project.
     void Build();
+    // Where builds write their objects; a folder of the temporary directory
+    // until set.
+    void SetBuildFolder(const std::filesystem::path& folder) { m_buildFolder = folder; }
+    // The user's edit of a file, given as an edited copy, and its undoing:
+    // the views and the next build see the edited text.
+    void EditWithVariant(const std::string& name, const std::filesystem::path& variant);
+    void RevertEdit();
     void Search(std::string_view needle);
     void ShowDebugMessages();
     // The pane font the user chose: the sibling module answers it from now on
@@ -104,8 +113,10 @@ private:
     void AnswerGoto(const char* message, WPARAM path, LPARAM line);
     void AnswerCommand(UINT id);
     void AnswerSibling(std::string_view routine, int argument);
+    void ReloadShownFile();
 
-    const SampleProject& m_project;
+    SampleProject& m_project;
+    std::filesystem::path m_buildFolder;
     AppData m_app;
     std::unique_ptr<CFuncSeekItems> m_functions;  // what the function list shows
     std::vector<std::string> m_watchList;         // the project's watch expressions

@@ -127,8 +127,9 @@ int main(int argc, char** argv)
     }
     int result = 1;
     {
-        const SampleProject project(DEMO_SAMPLE_DIR);
+        SampleProject project(DEMO_SAMPLE_DIR);
         CIdeFrame ide(project);
+        ide.SetBuildFolder(options.out / "build");
         if (!ide.CreateIde(kFrameRect)) {
             std::fprintf(stderr, "cannot create the demo frame\n");
             AfxFreeLibrary(module);

@@ -61,7 +61,7 @@ constexpr Diagnostic kDiagnostics[] = {
 
 }  // namespace
 
-SampleProject::SampleProject(const std::filesystem::path& folder)
+SampleProject::SampleProject(const std::filesystem::path& folder) : m_folder(folder)
 {
     std::error_code error;
     for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
@@ -73,6 +73,35 @@ SampleProject::SampleProject(const std::filesystem::path& folder)
     std::sort(m_files.begin(), m_files.end(), [](const SourceFile& a, const SourceFile& b) {
         return std::pair(a.name != "main.c", a.name) < std::pair(b.name != "main.c", b.name);
     });
+}
+
+SourceFile* SampleProject::FileNamed(const std::string& name)
+{
+    for (SourceFile& file : m_files) {
+        if (file.name == name) return &file;
+    }
+    return nullptr;
+}
+
+bool SampleProject::UseVariant(const std::string& name, const std::filesystem::path& variant)
+{
+    Revert();
+    SourceFile* file = FileNamed(name);
+    std::error_code error;
+    if (!file || !std::filesystem::is_regular_file(variant, error)) return false;
+    m_originalText = file->text;
+    file->text = ReadWhole(variant);
+    m_variantName = name;
+    m_variantPath = variant;
+    return true;
+}
+
+void SampleProject::Revert()
+{
+    if (SourceFile* file = FileNamed(m_variantName)) file->text = m_originalText;
+    m_variantName.clear();
+    m_variantPath.clear();
+    m_originalText.clear();
 }
 
 const SourceFile* SampleProject::FileAt(std::string_view path) const

@@ -34,6 +34,15 @@ public:
     static constexpr const char* kProjectFile = "C:\\8051\\traffic\\traffic.prj";
 
     const std::vector<SourceFile>& Files() const { return m_files; }
+    const std::filesystem::path& Folder() const { return m_folder; }
+    // An edited copy of one file stands in for it (its text is what the
+    // views show and what a build compiles) until Revert; false when the
+    // project has no such file or the copy cannot be read.
+    bool UseVariant(const std::string& name, const std::filesystem::path& variant);
+    void Revert();
+    // The file an edited copy stands in for, and the copy; empty without one.
+    const std::string& VariantName() const { return m_variantName; }
+    const std::filesystem::path& VariantPath() const { return m_variantPath; }
     // The file a full project path names; null for a path outside the project.
     const SourceFile* FileAt(std::string_view path) const;
     std::string PathOf(const SourceFile& file) const { return kFolder + file.name; }
@@ -55,5 +64,11 @@ public:
     std::vector<MessageLineRecord> DebugMessages() const;
 
 private:
+    SourceFile* FileNamed(const std::string& name);
+
+    std::filesystem::path m_folder;
     std::vector<SourceFile> m_files;
+    std::string m_variantName;
+    std::filesystem::path m_variantPath;
+    std::string m_originalText;  // of the file a variant stands in for
 };

@@ -106,17 +106,24 @@ private:
 
     void BuildAndFollowAnError()
     {
-        Step("the user presses F7 to build; the log shows a warning and an error");
+        Step("the user presses F7 to build the project");
         m_ide.SetFocus();
         Input::Key(VK_F7);
-        Step("the user double-clicks the error");
+        m_record.Shot("build", "F7: the compiler's own log of the sample's build.");
+        Step("the user edits lights.c (a misspelt variable, a structure for a pointer, a number for a text) and builds again");
+        m_ide.EditWithVariant("lights.c", m_ide.Project().Folder() / "variants" / "lights_broken.c");
+        Input::Key(VK_F7);
+        Step("the user double-clicks the first error");
         auto& log = ViewOf<CMessageEditCtrl>(m_ide.panes.build);
         const int line = EditLineOf(log, "error");
-        if (Found(line >= 0, "the error in the build log")) {
+        if (Found(line >= 0, "an error in the build log")) {
             log.LineScroll(line - log.GetFirstVisibleLine());
             Input::DoubleClick(&log, EditLineCentre(log, line));
         }
-        m_record.Shot("build-error", "The build log; a double click on the error opened uart.c at its line, marked in red.");
+        m_record.Shot("build-error", "The broken edit's build: a double click on the first error opened its file at its line, marked in red.");
+        Step("the user undoes the edit and builds again");
+        m_ide.RevertEdit();
+        Input::Key(VK_F7);
     }
 
     void SearchAndFollowAHit()
