@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 
+#include <algorithm>
 #include <chrono>
+#include <cstdio>
 
 #include "demo/debugger/ucsim/ucsim_process.h"
 #include "tests/demo_ucsim/sample_build.h"
@@ -28,18 +30,42 @@ TEST(UcsimProcess, AnswersEachCommandWithItsOwnReply)
     EXPECT_EQ(*second, "17\n");
 }
 
+TEST(UcsimProcess, ABatchAnswersEachCommandInOrderInOneRoundTrip)
+{
+    SKIP_WITHOUT_TOOLCHAIN();
+    auto process = StartSample();
+    const auto trips = process->RequestCount();
+    const std::vector<std::string> commands = {"expression 1+1", "dump /h rom 0x800 0x80f 16", "expression 3*3"};
+    const auto replies = process->Batch(commands);
+    ASSERT_TRUE(replies);
+    ASSERT_EQ(replies->size(), 3u);
+    EXPECT_EQ((*replies)[0], "2\n");
+    EXPECT_EQ((*replies)[1].substr(0, 16), "0x0800 01 04 02 ");  // lamp_mask
+    EXPECT_EQ((*replies)[2], "9\n");
+    EXPECT_EQ(process->RequestCount(), trips + 1);
+    EXPECT_EQ(process->CommandCount(), trips + 3);
+}
+
 TEST(UcsimProcess, RoundTripOfATrivialCommand)
 {
     SKIP_WITHOUT_TOOLCHAIN();
     auto process = StartSample();
     ASSERT_TRUE(process->Alive());
     constexpr int kRounds = 50;
+    // s51 looks at an idle console about every 100 ms; a mean beyond this
+    // means replies wait on something else.
+    constexpr double kMostMilliseconds = 250.0;
+    double slowest = 0;
     const auto start = Clock::now();
-    for (int i = 0; i < kRounds; ++i) ASSERT_TRUE(process->Request("expression 1"));
-    const auto each = std::chrono::duration<double, std::milli>(Clock::now() - start) / kRounds;
-    RecordProperty("round_trip_us", static_cast<int>(each.count() * 1000));
-    std::printf("s51 console round trip: %.3f ms\n", each.count());
-    EXPECT_LT(each.count(), 100.0);
+    for (int i = 0; i < kRounds; ++i) {
+        const auto sent = Clock::now();
+        ASSERT_TRUE(process->Request("expression 1"));
+        slowest = std::max(slowest, std::chrono::duration<double, std::milli>(Clock::now() - sent).count());
+    }
+    const double mean = std::chrono::duration<double, std::milli>(Clock::now() - start).count() / kRounds;
+    RecordProperty("round_trip_us", static_cast<int>(mean * 1000));
+    std::printf("s51 console round trip: mean %.1f ms, slowest %.1f ms\n", mean, slowest);
+    EXPECT_LT(mean, kMostMilliseconds);
 }
 
 TEST(UcsimProcess, RefusesACommandWithALineBreak)

@@ -12,6 +12,7 @@
 
 #include <cerrno>
 #include <thread>
+#include <unordered_set>
 
 #include "demo/debugger/ucsim/console_text.h"
 
@@ -131,31 +132,53 @@ bool UcsimProcess::Alive()
 
 std::optional<std::string> UcsimProcess::Request(std::string_view command, std::chrono::milliseconds timeout)
 {
-    if (m_dead || command.find_first_of("\r\n") != std::string_view::npos) return std::nullopt;
+    const std::string commands[] = {std::string(command)};
+    auto replies = Batch(commands, timeout);
+    if (!replies) return std::nullopt;
+    return std::move(replies->front());
+}
+
+std::optional<std::vector<std::string>> UcsimProcess::Batch(std::span<const std::string> commands,
+                                                            std::chrono::milliseconds timeout)
+{
+    if (m_dead || commands.empty()) return std::nullopt;
+    for (const auto& command : commands)
+        if (command.find_first_of("\r\n") != std::string::npos) return std::nullopt;
     const auto deadline = std::chrono::steady_clock::now() + timeout;
-    const std::string marker = std::to_string(kSentinelBase + ++m_sequence);
-    const std::string sentinel = "expression " + marker;
-    std::string text(command);
-    if (!text.empty()) text += '\n';
-    text += sentinel + '\n';
+    // The console echoes each line when it reads it, which may be before the
+    // replies to earlier lines: every line sent is dropped from every reply.
+    std::vector<std::string> markers;
+    std::unordered_set<std::string> sent;
+    std::string text;
+    for (const auto& command : commands) {
+        markers.push_back(std::to_string(kSentinelBase + ++m_sequence));
+        const std::string sentinel = "expression " + markers.back();
+        if (!command.empty()) text += command + '\n';
+        text += sentinel + '\n';
+        sent.insert(command);
+        sent.insert(sentinel);
+    }
     ++m_requests;
+    m_commands += commands.size();
     if (!Send(text)) {
         Kill();
         return std::nullopt;
     }
-    auto lines = ReadUntil(marker, deadline);
-    if (!lines) {
-        Kill();
-        return std::nullopt;
+    std::vector<std::string> replies;
+    for (const auto& marker : markers) {
+        auto lines = ReadUntil(marker, deadline);
+        if (!lines) {
+            Kill();
+            return std::nullopt;
+        }
+        std::string& reply = replies.emplace_back();
+        for (const auto& line : *lines) {
+            if (sent.contains(line)) continue;
+            reply += line;
+            reply += '\n';
+        }
     }
-    std::string reply;
-    for (const auto& line : *lines) {
-        // The console echoes each line it reads.
-        if (line == command || line == sentinel) continue;
-        reply += line;
-        reply += '\n';
-    }
-    return reply;
+    return replies;
 }
 
 bool UcsimProcess::Send(std::string_view text)

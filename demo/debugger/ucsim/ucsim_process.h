@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,12 +41,19 @@ public:
     // when the simulator is dead, the command holds a line break, or no reply
     // came within timeout (the simulator is then killed).
     std::optional<std::string> Request(std::string_view command, std::chrono::milliseconds timeout = kDefaultTimeout);
+    // Several commands in one round trip, their replies in order; all or
+    // nothing, as Request. s51 reads its console only every so often when
+    // idle, so the round trips, not the commands, set the cost.
+    std::optional<std::vector<std::string>> Batch(std::span<const std::string> commands,
+                                                  std::chrono::milliseconds timeout = kDefaultTimeout);
 
     bool Alive();
     // The child's id while it has not been reaped, else -1.
     pid_t Pid() const { return m_pid; }
-    // Requests sent to the simulator so far, the start-up handshake included.
+    // Round trips to the simulator so far (a batch is one), and the commands
+    // they carried; the start-up handshake included.
     std::size_t RequestCount() const { return m_requests; }
+    std::size_t CommandCount() const { return m_commands; }
     // Read end (non-blocking) of the serial output pipe, or -1.
     int UartFd() const { return m_uart; }
     // Ends the simulator and reaps it: quit, then SIGTERM, then SIGKILL.
@@ -66,5 +74,6 @@ private:
     bool m_dead = true;
     std::uint64_t m_sequence = 0;
     std::size_t m_requests = 0;
+    std::size_t m_commands = 0;
     std::string m_pending;  // bytes read past the last complete line
 };

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <vector>
 
 #include "demo/debugger/ucsim/console_text.h"
 #include "demo/debugger/ucsim/hex_dump.h"
@@ -77,24 +78,49 @@ void UcsimTarget::Invalidate()
     std::erase_if(m_cache, [](const auto& entry) { return static_cast<Region>(entry.first >> 16) != Region::Code; });
 }
 
+std::uint32_t UcsimTarget::Key(Region region, std::uint32_t base)
+{
+    return static_cast<std::uint32_t>(region) << 16 | base / kBlockBytes;
+}
+
 const UcsimTarget::Block* UcsimTarget::CachedBlock(Region region, std::uint32_t address)
 {
     const std::uint32_t base = address / kBlockBytes * kBlockBytes;
-    const std::uint32_t key = static_cast<std::uint32_t>(region) << 16 | base / kBlockBytes;
+    const std::uint32_t key = Key(region, base);
     if (const auto found = m_cache.find(key); found != m_cache.end()) return &found->second;
+    // Internal RAM and the SFRs are small and nearly every refresh needs
+    // both (a pdata read needs P2): they come in together.
+    using Wanted = std::pair<Region, std::uint32_t>;
+    const bool internal = region == Region::Internal || region == Region::Sfr;
+    const Wanted both[] = {{Region::Internal, 0}, {Region::Sfr, 0}};
+    const Wanted one[] = {{region, base}};
+    if (!Fill(internal ? std::span<const Wanted>(both) : std::span<const Wanted>(one))) return nullptr;
+    return &m_cache.at(key);
+}
 
+bool UcsimTarget::Fill(std::span<const std::pair<Region, std::uint32_t>> blocks)
+{
     // The SFRs are the upper half of their block; the rest is never read.
     static constexpr const char* kMemory[] = {"iram", "sfr", "xram", "rom"};
-    const std::uint32_t first = region == Region::Sfr ? kSfrFirst : base;
-    const std::uint32_t count = kBlockBytes - (first - base);
-    const auto reply = Request(DumpCommand(kMemory[static_cast<int>(region)], first, count));
-    if (!reply) return nullptr;
-    const auto bytes = ParseHexDump(*reply, first, count);
-    if (!bytes) return nullptr;
-    Block& block = m_cache[key];
-    block.fill(0);
-    std::copy(bytes->begin(), bytes->end(), block.begin() + (first - base));
-    return &block;
+    const auto first = [](Region region, std::uint32_t base) { return region == Region::Sfr ? kSfrFirst : base; };
+    std::vector<std::string> commands;
+    for (const auto& [region, base] : blocks) {
+        const std::uint32_t from = first(region, base);
+        commands.push_back(DumpCommand(kMemory[static_cast<int>(region)], from, kBlockBytes - (from - base)));
+    }
+    auto replies = m_process->Batch(commands);
+    DrainUart();
+    if (!replies) return false;
+    for (std::size_t i = 0; i < blocks.size(); ++i) {
+        const auto [region, base] = blocks[i];
+        const std::uint32_t from = first(region, base);
+        const auto bytes = ParseHexDump((*replies)[i], from, kBlockBytes - (from - base));
+        if (!bytes) return false;
+        Block& block = m_cache[Key(region, base)];
+        block.fill(0);
+        std::copy(bytes->begin(), bytes->end(), block.begin() + (from - base));
+    }
+    return true;
 }
 
 bool UcsimTarget::ReadRegion(Region region, std::uint32_t address, std::span<std::uint8_t> out)

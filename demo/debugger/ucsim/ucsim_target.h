@@ -24,6 +24,7 @@
 #include <set>
 #include <string>
 #include <unordered_map>
+#include <utility>
 
 #include "demo/debugger/debug_target.h"
 #include "demo/debugger/execution_control.h"
@@ -80,6 +81,9 @@ private:
 
     // The cached block of a region holding address, dumped on first use.
     const Block* CachedBlock(Region region, std::uint32_t address);
+    // Dumps the blocks into the cache, all in one round trip.
+    bool Fill(std::span<const std::pair<Region, std::uint32_t>> blocks);
+    static std::uint32_t Key(Region region, std::uint32_t base);
     bool ReadRegion(Region region, std::uint32_t address, std::span<std::uint8_t> out);
     bool ReadBits(std::uint32_t address, std::span<std::uint8_t> out);
     bool WriteBytes(const char* memory, std::uint32_t address, std::span<const std::uint8_t> bytes);
