@@ -18,39 +18,55 @@ using std::chrono::milliseconds;
 // Reaping a killed child is quick; this is the most a failure may take.
 constexpr milliseconds kFailFast{500};
 
-TEST(UcsimProcess, AnswersEachCommandWithItsOwnReply)
+// A simulator on the sample, started for each test.
+class UcsimProcessTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        SKIP_WITHOUT_TOOLCHAIN();
+        m_process = StartSample();
+        ASSERT_TRUE(m_process->Alive());
+        m_pid = m_process->Pid();
+        ASSERT_TRUE(ChildExists(m_pid));
+    }
+
+    // Dead for good: no requests, and no child left, not even a zombie.
+    void ExpectGone()
+    {
+        EXPECT_FALSE(m_process->Alive());
+        EXPECT_FALSE(m_process->Request("expression 1"));
+        EXPECT_FALSE(ChildExists(m_pid));
+    }
+
+    std::unique_ptr<UcsimProcess> m_process;
+    pid_t m_pid = -1;
+};
+
+TEST_F(UcsimProcessTest, AnswersEachCommandWithItsOwnReply)
 {
-    SKIP_WITHOUT_TOOLCHAIN();
-    auto process = StartSample();
-    ASSERT_TRUE(process->Alive());
-    const auto first = process->Request("expression 6*7");
-    const auto second = process->Request("expression 0x10+1");
+    const auto first = m_process->Request("expression 6*7");
+    const auto second = m_process->Request("expression 0x10+1");
     ASSERT_TRUE(first && second);
     EXPECT_EQ(*first, "42\n");
     EXPECT_EQ(*second, "17\n");
 }
 
-TEST(UcsimProcess, ABatchAnswersEachCommandInOrderInOneRoundTrip)
+TEST_F(UcsimProcessTest, ABatchAnswersEachCommandInOrderInOneRoundTrip)
 {
-    SKIP_WITHOUT_TOOLCHAIN();
-    auto process = StartSample();
-    const auto trips = process->RequestCount();
+    const auto trips = m_process->RequestCount();
     const std::vector<std::string> commands = {"expression 1+1", "dump /h rom 0x800 0x80f 16", "expression 3*3"};
-    const auto replies = process->Batch(commands);
+    const auto replies = m_process->Batch(commands);
     ASSERT_TRUE(replies);
     ASSERT_EQ(replies->size(), 3u);
     EXPECT_EQ((*replies)[0], "2\n");
     EXPECT_EQ((*replies)[1].substr(0, 16), "0x0800 01 04 02 ");  // lamp_mask
     EXPECT_EQ((*replies)[2], "9\n");
-    EXPECT_EQ(process->RequestCount(), trips + 1);
-    EXPECT_EQ(process->CommandCount(), trips + 3);
+    EXPECT_EQ(m_process->RequestCount(), trips + 1);
+    EXPECT_EQ(m_process->CommandCount(), trips + 3);
 }
 
-TEST(UcsimProcess, RoundTripOfATrivialCommand)
+TEST_F(UcsimProcessTest, RoundTripOfATrivialCommand)
 {
-    SKIP_WITHOUT_TOOLCHAIN();
-    auto process = StartSample();
-    ASSERT_TRUE(process->Alive());
     constexpr int kRounds = 50;
     // s51 looks at an idle console about every 100 ms; a mean beyond this
     // means replies wait on something else.
@@ -59,7 +75,7 @@ TEST(UcsimProcess, RoundTripOfATrivialCommand)
     const auto start = Clock::now();
     for (int i = 0; i < kRounds; ++i) {
         const auto sent = Clock::now();
-        ASSERT_TRUE(process->Request("expression 1"));
+        ASSERT_TRUE(m_process->Request("expression 1"));
         slowest = std::max(slowest, std::chrono::duration<double, std::milli>(Clock::now() - sent).count());
     }
     const double mean = std::chrono::duration<double, std::milli>(Clock::now() - start).count() / kRounds;
@@ -68,13 +84,11 @@ TEST(UcsimProcess, RoundTripOfATrivialCommand)
     EXPECT_LT(mean, kMostMilliseconds);
 }
 
-TEST(UcsimProcess, RefusesACommandWithALineBreak)
+TEST_F(UcsimProcessTest, RefusesACommandWithALineBreak)
 {
-    SKIP_WITHOUT_TOOLCHAIN();
-    auto process = StartSample();
-    EXPECT_FALSE(process->Request("pc\nkill"));
+    EXPECT_FALSE(m_process->Request("pc\nkill"));
     // The refused text never reached the console: the simulator still answers.
-    EXPECT_TRUE(process->Request("expression 1"));
+    EXPECT_TRUE(m_process->Request("expression 1"));
 }
 
 TEST(UcsimProcess, AProgramThatDoesNotLoadLeavesNoSimulator)
@@ -98,68 +112,45 @@ TEST(UcsimProcess, AMissingSimulatorIsDeadNotAHang)
     EXPECT_FALSE(process.Request("expression 1"));
 }
 
-TEST(UcsimProcess, ASimulatorKilledMidSessionFailsFastAndIsReaped)
+TEST_F(UcsimProcessTest, ASimulatorKilledMidSessionFailsFastAndIsReaped)
 {
-    SKIP_WITHOUT_TOOLCHAIN();
-    auto process = StartSample();
-    ASSERT_TRUE(process->Alive());
-    const pid_t pid = process->Pid();
-    ASSERT_EQ(kill(pid, SIGKILL), 0);
+    ASSERT_EQ(kill(m_pid, SIGKILL), 0);
 
     const auto start = Clock::now();
-    EXPECT_FALSE(process->Request("expression 1"));
-    EXPECT_FALSE(process->Request("expression 2"));
+    EXPECT_FALSE(m_process->Request("expression 1"));
+    EXPECT_FALSE(m_process->Request("expression 2"));
     EXPECT_LT(Clock::now() - start, kFailFast);
-    EXPECT_FALSE(process->Alive());
-    EXPECT_FALSE(ChildExists(pid));
+    ExpectGone();
 }
 
-TEST(UcsimProcess, ARequestThatNeverEndsIsCutOffAndTheChildReaped)
+TEST_F(UcsimProcessTest, ARequestThatNeverEndsIsCutOffAndTheChildReaped)
 {
-    SKIP_WITHOUT_TOOLCHAIN();
-    auto process = StartSample();
-    ASSERT_TRUE(process->Alive());
-    const pid_t pid = process->Pid();
     // No breakpoint: the program's main loop runs for ever and s51 never
     // reads its console again.
     constexpr milliseconds kBound{300};
     const auto start = Clock::now();
-    EXPECT_FALSE(process->Request("run", kBound));
+    EXPECT_FALSE(m_process->Request("run", kBound));
     const auto took = Clock::now() - start;
     EXPECT_GE(took, kBound);
     EXPECT_LT(took, kBound + kFailFast);
-    EXPECT_FALSE(process->Alive());
-    EXPECT_FALSE(ChildExists(pid));
-    EXPECT_FALSE(process->Request("expression 1"));
+    ExpectGone();
 }
 
-TEST(UcsimProcess, DestructionReapsTheChild)
+TEST_F(UcsimProcessTest, DestructionReapsTheChild)
 {
-    SKIP_WITHOUT_TOOLCHAIN();
-    pid_t pid = -1;
-    {
-        auto process = StartSample();
-        ASSERT_TRUE(process->Alive());
-        pid = process->Pid();
-        ASSERT_TRUE(ChildExists(pid));
-    }
-    EXPECT_FALSE(ChildExists(pid));
+    m_process.reset();
+    EXPECT_FALSE(ChildExists(m_pid));
 }
 
-TEST(UcsimProcess, ShutdownOfASimulatorThatIgnoresQuitStillReapsIt)
+TEST_F(UcsimProcessTest, ShutdownOfASimulatorThatIgnoresQuitStillReapsIt)
 {
-    SKIP_WITHOUT_TOOLCHAIN();
-    auto process = StartSample();
-    ASSERT_TRUE(process->Alive());
-    const pid_t pid = process->Pid();
     // A stopped process reads no quit and handles no SIGTERM until it goes
     // on; only the last stage, SIGKILL, ends it.
-    ASSERT_EQ(kill(pid, SIGSTOP), 0);
+    ASSERT_EQ(kill(m_pid, SIGSTOP), 0);
     const auto start = Clock::now();
-    process->Shutdown();
+    m_process->Shutdown();
     EXPECT_LT(Clock::now() - start, std::chrono::seconds(2));
-    EXPECT_FALSE(ChildExists(pid));
-    EXPECT_FALSE(process->Alive());
+    ExpectGone();
 }
 
 }  // namespace

@@ -224,12 +224,13 @@ std::optional<std::vector<std::string>> UcsimProcess::ReadUntil(const std::strin
             lines.push_back(std::move(line));
         }
         if (total + m_pending.size() > kMaxReplyBytes) return std::nullopt;
-        const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
+        // Rounded up: a request never gives up before its deadline.
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
         if (left.count() <= 0) return std::nullopt;
         pollfd fd{m_output, POLLIN, 0};
         const int ready = poll(&fd, 1, static_cast<int>(left.count()));
-        if (ready < 0 && errno == EINTR) continue;
-        if (ready <= 0) return std::nullopt;
+        if (ready == 0 || (ready < 0 && errno == EINTR)) continue;
+        if (ready < 0) return std::nullopt;
         const ssize_t got = read(m_output, buffer, sizeof buffer);
         if (got < 0 && errno == EINTR) continue;
         if (got <= 0) return std::nullopt;
