@@ -212,8 +212,25 @@ TEST_F(UcsimTargetTest, ASimulatorThatDiesMidSessionFailsReadsAndLeavesNoZombie)
     EXPECT_FALSE(ChildExists(pid));
 }
 
-TEST_F(UcsimTargetTest, ARunThatNeverStopsIsCutOffAtItsBound)
+TEST(UcsimTarget, WithoutAStepBreakpointAStepIsABoundedRunOfInstructions)
 {
+    SKIP_WITHOUT_TOOLCHAIN();
+    UcsimTarget target(StartSample(false), UcsimTarget::Options{});
+    ASSERT_EQ(target.ProgramCounter(), 0u);
+    target.Step();
+    // Ten thousand instructions reach past start-up into the main loop.
+    std::array<std::uint8_t, 1> mode{};
+    ASSERT_TRUE(target.Read(WS_IDATA, kMode, mode));
+    EXPECT_EQ(mode[0], 'A');
+    const auto pc = target.ProgramCounter();
+    ASSERT_TRUE(pc);
+    EXPECT_NE(*pc, 0u);
+    EXPECT_TRUE(target.Process().Alive());
+}
+
+TEST(UcsimTarget, ARunThatNeverStopsIsCutOffAtItsBound)
+{
+    SKIP_WITHOUT_TOOLCHAIN();
     UcsimTarget::Options options;
     options.runTimeout = std::chrono::milliseconds(300);
     UcsimTarget target(StartSample(false), options);
