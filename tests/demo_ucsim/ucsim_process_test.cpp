@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <filesystem>
+#include <iterator>
 
 #include "demo/debugger/ucsim/ucsim_process.h"
 #include "tests/demo_ucsim/sample_build.h"
@@ -140,6 +142,22 @@ TEST_F(UcsimProcessTest, DestructionReapsTheChild)
 {
     m_process.reset();
     EXPECT_FALSE(ChildExists(m_pid));
+}
+
+TEST(UcsimProcess, LeavesNoDescriptorOpen)
+{
+    SKIP_WITHOUT_TOOLCHAIN();
+    const auto open = [] {
+        const std::filesystem::directory_iterator fds("/proc/self/fd");
+        return std::distance(begin(fds), end(fds));
+    };
+    const auto before = open();
+    {
+        auto process = StartSample();
+        ASSERT_TRUE(process->Alive());
+        EXPECT_GT(open(), before);
+    }
+    EXPECT_EQ(open(), before);
 }
 
 TEST_F(UcsimProcessTest, ShutdownOfASimulatorThatIgnoresQuitStillReapsIt)

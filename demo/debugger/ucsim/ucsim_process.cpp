@@ -64,6 +64,7 @@ UcsimProcess::UcsimProcess(const UcsimLaunch& launch)
 UcsimProcess::~UcsimProcess()
 {
     Shutdown();
+    if (m_uart >= 0) close(m_uart);
 }
 
 bool UcsimProcess::Spawn(const UcsimLaunch& launch)
