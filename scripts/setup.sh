@@ -5,7 +5,8 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 packages=(cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev
-          libpng-dev libfreetype-dev xfonts-wqy libsdl2-dev libx11-dev xvfb xdotool sdcc sdcc-ucsim)
+          libpng-dev libfreetype-dev xfonts-wqy libsdl2-dev libx11-dev xvfb xdotool
+          sdcc sdcc-ucsim)
 missing=()
 for p in "${packages[@]}"; do
     dpkg -s "$p" >/dev/null 2>&1 || missing+=("$p")
