@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,6 +15,8 @@
 #include "demo/memory_pane.h"
 #include "demo/project_settings.h"
 #include "demo/sample_project.h"
+#include "demo/toolchain/debug_info.h"
+#include "demo/toolchain/sample_build.h"
 #include "demo/views/source_view.h"
 #include "host/host_records.h"
 #include "marks/mark_lists.h"
@@ -29,6 +32,7 @@
 #include "platform/docking/bcgp_frame_wnd.h"
 
 class CFuncSeekItems;
+class UcsimTarget;
 
 // The panes of the frame, each created, docked and kept for its lifetime.
 struct IdePanes {
@@ -82,6 +86,11 @@ public:
     void RefreshViews();
     // Sets a breakpoint on a line of a project file, or removes the one there.
     void ToggleBreakpoint(const std::string& path, int line);
+    // Starts debugging: on ucsim's s51 with the program the last build made
+    // when both are there (breakpoints from the project's list, the serial
+    // port's lines in the debug pane), else on the simulated target. True
+    // on the real target.
+    bool StartDebugging();
     // Lets the target run one step; the watch panes show what changed.
     void RunStep();
     // The project's watch list: given to the first watch when the project
@@ -114,9 +123,14 @@ private:
     void AnswerCommand(UINT id);
     void AnswerSibling(std::string_view routine, int argument);
     void ReloadShownFile();
+    void SetTargetBreakpoint(const std::string& path, int line, bool set);
+    void ShowWhereTargetStopped();
 
     SampleProject& m_project;
     std::filesystem::path m_buildFolder;
+    std::optional<BuildResult> m_lastBuild;  // the last build that made a program
+    std::optional<DebugInfo> m_debugInfo;    // of the program being debugged
+    UcsimTarget* m_realTarget = nullptr;     // owned by the debugger's session
     AppData m_app;
     std::unique_ptr<CFuncSeekItems> m_functions;  // what the function list shows
     std::vector<std::string> m_watchList;         // the project's watch expressions

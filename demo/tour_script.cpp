@@ -19,6 +19,10 @@ constexpr UINT kBookmarkClearAll = 32014; // "清除所有书签"
 // The pane font the user picks: one size up from the 9 points panes start with.
 constexpr int kLargerFontPoints = 12;
 
+// Stops the program runs through before the tour reads its serial port:
+// enough timer periods for its first line to go out at 9600 baud.
+constexpr int kMoreStops = 8;
+
 // The search hit the tour follows: where next_phase moves the phase on.
 constexpr const char* kSearchHitText = "phase = (phase + 1)";
 
@@ -49,6 +53,7 @@ public:
         StartDebugging();
         ResizeAndSwitchTabs();
         PlayWatchTour(m_ide, m_record);
+        RunAndReadTheSerialPort();
         UseContextMenus();
         SaveProject();
         return m_found;
@@ -144,8 +149,8 @@ private:
 
     void StartDebugging()
     {
-        Step("the user starts debugging: the debugger reports in its pane; the user clicks its tab");
-        m_ide.ShowDebugMessages();
+        Step("the user starts debugging: the program on s51 when SDCC built it, else the simulated target; the user clicks the debug messages' tab");
+        m_ide.StartDebugging();
         Step("the user picks a 12-point pane font; the message views take it");
         m_ide.SetPaneFont(GBK("宋体").c_str(), kLargerFontPoints);
         Found(ClickTab(m_ide, m_ide.panes.debug), "the debug messages tab");
@@ -165,6 +170,14 @@ private:
         Step("the user clicks the targets tab of the workspace");
         Found(ClickTab(m_ide, m_ide.panes.targets), "the targets tab");
         m_record.Shot("resized", "The bottom panes made taller with the splitter; the targets tab shows the build targets and their options.");
+    }
+
+    void RunAndReadTheSerialPort()
+    {
+        Step("the user runs the program on through a few more stops and reads what it printed on its serial port");
+        for (int i = 0; i < kMoreStops; ++i) m_ide.RunStep();
+        Found(ClickTab(m_ide, m_ide.panes.debug), "the debug messages tab");
+        m_record.Shot("serial-port", "A few stops later: the debug messages show the lines the program printed on its serial port.");
     }
 
     void UseContextMenus()

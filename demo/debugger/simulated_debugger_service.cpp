@@ -29,6 +29,12 @@ BOOL SimulatedDebuggerService::Create(CWnd* parent)
     return CreateEx(0, nullptr, "debugger", style, CRect(0, 0, 0, 0), parent, 0);
 }
 
+void SimulatedDebuggerService::UseTarget(std::unique_ptr<DebugTarget> target, SymbolTable symbols,
+                                         const std::vector<std::string>& listNames)
+{
+    m_session = DebugSession(std::move(target), std::move(symbols), listNames);
+}
+
 void SimulatedDebuggerService::Step()
 {
     Note(m_session.Step());

@@ -28,6 +28,9 @@ public:
 
     // Lets the target run one step; the watch's next refresh shows what changed.
     void Step();
+    // Puts another target and its program's symbols behind the service
+    // (a real simulator once a build has made a program to load).
+    void UseTarget(std::unique_ptr<DebugTarget> target, SymbolTable symbols, const std::vector<std::string>& listNames);
 
     // The object the watch last asked the memory view to show (GBK).
     const std::string& MemoryViewShows() const { return m_session.MemoryViewShows(); }

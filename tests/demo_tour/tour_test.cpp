@@ -12,6 +12,8 @@
 #include "demo/sample_project.h"
 #include "demo/tour.h"
 #include "demo/tour_script.h"
+#include "demo/ui_points.h"
+#include "demo/toolchain/process_run.h"
 #include "platform/core/module.h"
 #include "platform/core/thread.h"
 #include "watch/debug_protocol.h"
@@ -112,6 +114,27 @@ TEST_F(DemoTour, TheWatchTalkedToTheDebuggerService)
     EXPECT_TRUE(Says("debugger: write"));
     EXPECT_TRUE(Says("debugger: memory view shows"));
     EXPECT_TRUE(Says("quick view: "));
+}
+
+// With the toolchain installed the tour builds with SDCC and debugs on s51:
+// the breakpoint set in the timer interrupt is hit, and the program's serial
+// port is read. Without it the same tour runs on the simulated target.
+TEST_F(DemoTour, WithTheToolchainTheTourDebugsTheRealProgram)
+{
+    if (!FindOnPath("sdcc") || !FindOnPath("s51")) {
+        EXPECT_TRUE(Says("debugging the simulated target"));
+        GTEST_SKIP() << "SDCC or s51 is not installed: the tour ran on the simulated target";
+    }
+    EXPECT_TRUE(Says("(SDCC built the sample: success)"));
+    EXPECT_TRUE(Says("(SDCC built the sample: failed)"));
+    EXPECT_TRUE(Says("(debugging the sample on s51)"));
+    // The tour's F9 went on the fifth line of the interrupt routine.
+    const int interruptBreakpoint = s_project->LineOf("timer0.c", "__interrupt") + 5;
+    EXPECT_TRUE(Says("(s51 stopped at timer0.c(" + std::to_string(interruptBreakpoint) + "))")) << s_transcript;
+    auto* debugView = dynamic_cast<CMessageEditCtrl*>(CWnd::FromHandle(s_ide->panes.debug.GetViewHwnd()));
+    ASSERT_NE(debugView, nullptr);
+    EXPECT_GE(EditLineOf(*debugView, "TRAFFIC RED"), 0);
+    EXPECT_TRUE(Says("debugger: evaluate \"phase\" -> unsigned char in data at 0x0030"));
 }
 
 TEST_F(DemoTour, TheHostStateFollowedTheUser)
