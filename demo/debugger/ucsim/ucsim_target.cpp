@@ -88,13 +88,20 @@ const UcsimTarget::Block* UcsimTarget::CachedBlock(Region region, std::uint32_t 
     const std::uint32_t base = address / kBlockBytes * kBlockBytes;
     const std::uint32_t key = Key(region, base);
     if (const auto found = m_cache.find(key); found != m_cache.end()) return &found->second;
-    // Internal RAM and the SFRs are small and nearly every refresh needs
-    // both (a pdata read needs P2): they come in together.
+    // Every round trip to the simulator costs as much as many dumps, so a
+    // miss fetches in one batch what a refresh after a stop goes on to read:
+    // internal RAM and the SFRs (small, and a pdata read needs P2) and the
+    // external blocks read before.
     using Wanted = std::pair<Region, std::uint32_t>;
-    const bool internal = region == Region::Internal || region == Region::Sfr;
-    const Wanted both[] = {{Region::Internal, 0}, {Region::Sfr, 0}};
-    const Wanted one[] = {{region, base}};
-    if (!Fill(internal ? std::span<const Wanted>(both) : std::span<const Wanted>(one))) return nullptr;
+    std::vector<Wanted> wanted{{region, base}};
+    const auto add = [&](Region other, std::uint32_t otherBase) {
+        if (Wanted{other, otherBase} != wanted.front() && !m_cache.count(Key(other, otherBase))) wanted.emplace_back(other, otherBase);
+    };
+    add(Region::Internal, 0);
+    add(Region::Sfr, 0);
+    if (region == Region::External) m_externalInUse.insert(base);
+    for (const std::uint32_t other : m_externalInUse) add(Region::External, other);
+    if (!Fill(wanted)) return nullptr;
     return &m_cache.at(key);
 }
 

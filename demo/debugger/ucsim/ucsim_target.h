@@ -99,5 +99,8 @@ private:
     Options m_options;
     UartLines m_uart;
     std::unordered_map<std::uint32_t, Block> m_cache;  // keyed by region and block
+    // External RAM blocks read since the program was loaded: a watch reads
+    // the same ones after every stop, so they are fetched together.
+    std::set<std::uint32_t> m_externalInUse;
     std::set<std::uint32_t> m_breakpoints;
 };
