@@ -4,13 +4,6 @@
 
 #include <memory>
 
-#include "demo/debugger/ucsim/ucsim_target.h"
-#include "demo/toolchain/build_log.h"
-#include "demo/toolchain/cdb_reader.h"
-#include "demo/toolchain/debug_symbols.h"
-#include "demo/toolchain/message_line.h"
-#include "demo/toolchain/process_run.h"
-#include "demo/toolchain/sample_build.h"
 #include "funclist/func_seek_items.h"
 #include "host/host_messages.h"
 #include "platform/core/thread.h"
@@ -280,61 +273,6 @@ void CIdeFrame::ToggleBreakpoint(const std::string& path, int line)
     RefreshMarks();
 }
 
-void CIdeFrame::Build()
-{
-    ShowTab(&panes.build);
-    if (!FindOnPath("sdcc")) {
-        transcript.Line("   (no SDCC on the PATH: the build log kept with the project)");
-        SendLines(panes.build.GetViewHwnd(), m_project.BuildLog());
-        return;
-    }
-    BuildOptions options;
-    options.replacedFile = m_project.VariantName();
-    options.replacement = m_project.VariantPath();
-    const BuildResult result = BuildSample(m_project.Folder(), m_buildFolder, options);
-    transcript.Line(std::string("   (SDCC built the sample: ") + (result.success ? "success" : "failed") + ")");
-    SendLines(panes.build.GetViewHwnd(), BuildLogRecords(result, UnderProjectFolder(SampleProject::kFolder)));
-    // An edited copy's program is not the project's: only a clean build of
-    // the project itself is what a debug session loads.
-    if (result.success && m_project.VariantName().empty()) m_lastBuild = result;
-}
-
-void CIdeFrame::EditWithVariant(const std::string& name, const std::filesystem::path& variant)
-{
-    if (m_project.UseVariant(name, variant)) ReloadShownFile();
-}
-
-void CIdeFrame::RevertEdit()
-{
-    m_project.Revert();
-    ReloadShownFile();
-}
-
-// The shown file's text changed under the view: shown anew at the same line,
-// its functions listed anew.
-void CIdeFrame::ReloadShownFile()
-{
-    const std::string path = source.Path();
-    const int line = source.CaretLine();
-    if (path.empty()) return;
-    // The function list lets go of its list before it is replaced: it takes
-    // a new list only for another file.
-    ::SendMessage(panes.functions.GetViewHwnd(), UWM_FUNCLIST_SHOW_FILE, reinterpret_cast<WPARAM>(""), 0);
-    source.ShowFile({}, {});
-    OpenFile(path, line);
-}
-
-void CIdeFrame::Search(std::string_view needle)
-{
-    ShowTab(&panes.search);
-    SendLines(panes.search.GetViewHwnd(), m_project.Search(needle));
-}
-
-void CIdeFrame::ShowDebugMessages()
-{
-    SendLines(panes.debug.GetViewHwnd(), m_project.DebugMessages());
-}
-
 void CIdeFrame::SetPaneFont(const char* gbkFace, int points)
 {
     OrvProjectMisc::SetDockFont(gbkFace, points);
@@ -347,81 +285,6 @@ void CIdeFrame::SetPaneFont(const char* gbkFace, int points)
 void CIdeFrame::RefreshViews()
 {
     RefreshMarks();
-    ::SendMessage(panes.watch1.GetViewHwnd(), UWM_WATCH_REFRESH, 0, 0);
-    ::SendMessage(panes.watch2.GetViewHwnd(), UWM_WATCH_REFRESH, 0, 0);
-    panes.memory.View().Refresh();
-}
-
-bool CIdeFrame::StartDebugging()
-{
-    const auto simulator = FindOnPath("s51");
-    std::optional<DebugInfo> info = m_lastBuild ? LoadDebugInfo(m_lastBuild->cdb) : std::nullopt;
-    if (!simulator || !info) {
-        transcript.Line("   (no program built by SDCC or no s51: debugging the simulated target)");
-        ShowDebugMessages();
-        return false;
-    }
-    UcsimLaunch launch;
-    launch.program = m_lastBuild->ihx.string();
-    auto process = std::make_unique<UcsimProcess>(launch);
-    if (!process->Alive()) {
-        transcript.Line("   (s51 did not start: debugging the simulated target)");
-        ShowDebugMessages();
-        return false;
-    }
-    UcsimTarget::Options options;
-    // One step of the program is one pass of its main loop.
-    if (const DebugFunction* pass = info->FindFunction("lights_pass")) options.stepBreakpoint = pass->start;
-    options.uartLine = [this](const std::string& line) {
-        const MessageLineRecord record = MessageLine(1, GBK("串口: ") + line);
-        ::SendMessage(panes.debug.GetViewHwnd(), UWM_MSGVIEW_APPEND, 1, reinterpret_cast<LPARAM>(&record));
-    };
-    auto target = std::make_unique<UcsimTarget>(std::move(process), std::move(options));
-    m_realTarget = target.get();
-    m_debugInfo = std::move(info);
-    debugger.UseTarget(std::move(target), SymbolsFromDebugInfo(*m_debugInfo), {"phase", "ticks", "cfg"});
-    const MessageLineRecord loaded = MessageLine(0, GBK("装入 ") + m_lastBuild->ihx.filename().string() + GBK(" 到 s51"));
-    ::SendMessage(panes.debug.GetViewHwnd(), UWM_MSGVIEW_APPEND, 0, reinterpret_cast<LPARAM>(&loaded));
-    for (int i = 0; i < breakpoints.GetSize(); ++i) {
-        const CBreakPointItems* group = breakpoints.GroupAt(i);
-        for (int k = 0; k < group->GetSize(); ++k) {
-            if (group->ItemAt(k)->active) SetTargetBreakpoint(std::string(group->file), group->ItemAt(k)->line, true);
-        }
-    }
-    transcript.Line("   (debugging the sample on s51)");
-    ::SendMessage(panes.watch1.GetViewHwnd(), UWM_WATCH_REFRESH, 0, 0);
-    ::SendMessage(panes.watch2.GetViewHwnd(), UWM_WATCH_REFRESH, 0, 0);
-    return true;
-}
-
-void CIdeFrame::SetTargetBreakpoint(const std::string& path, int line, bool set)
-{
-    const SourceFile* file = m_project.FileAt(path);
-    if (!m_realTarget || !m_debugInfo || !file) return;
-    const std::optional<std::uint32_t> address = m_debugInfo->lines.AddressOf(file->name, line);
-    if (!address) return;
-    const bool done = set ? m_realTarget->SetBreakpoint(*address) : m_realTarget->ClearBreakpoint(*address);
-    char text[80];
-    std::snprintf(text, sizeof text, "   (s51: breakpoint %s at 0x%04X, %s(%d): %s)", set ? "set" : "cleared", *address,
-                  file->name.c_str(), line, done ? "done" : "refused");
-    transcript.Line(text);
-}
-
-// Like an IDE after a stop: the source view shows the line about to run.
-void CIdeFrame::ShowWhereTargetStopped()
-{
-    if (!m_realTarget || !m_debugInfo) return;
-    const std::optional<std::uint32_t> pc = m_realTarget->ProgramCounter();
-    const LineEntry* where = pc ? m_debugInfo->lines.LineAt(*pc) : nullptr;
-    if (!where) return;
-    transcript.Line("   (s51 stopped at " + where->file + "(" + std::to_string(where->line) + "))");
-    OpenFile(SampleProject::kFolder + where->file, where->line);
-}
-
-void CIdeFrame::RunStep()
-{
-    debugger.Step();
-    ShowWhereTargetStopped();
     ::SendMessage(panes.watch1.GetViewHwnd(), UWM_WATCH_REFRESH, 0, 0);
     ::SendMessage(panes.watch2.GetViewHwnd(), UWM_WATCH_REFRESH, 0, 0);
     panes.memory.View().Refresh();
