@@ -285,6 +285,12 @@ void CIdeFrame::SetPaneFont(const char* gbkFace, int points)
 void CIdeFrame::RefreshViews()
 {
     RefreshMarks();
+    RefreshTargetViews();
+}
+
+// What shows the target's memory: both watches and the memory view.
+void CIdeFrame::RefreshTargetViews()
+{
     ::SendMessage(panes.watch1.GetViewHwnd(), UWM_WATCH_REFRESH, 0, 0);
     ::SendMessage(panes.watch2.GetViewHwnd(), UWM_WATCH_REFRESH, 0, 0);
     panes.memory.View().Refresh();

@@ -125,6 +125,7 @@ private:
     void ReloadShownFile();
     void SetTargetBreakpoint(const std::string& path, int line, bool set);
     void ShowWhereTargetStopped();
+    void RefreshTargetViews();
 
     SampleProject& m_project;
     std::filesystem::path m_buildFolder;

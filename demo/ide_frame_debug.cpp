@@ -50,8 +50,7 @@ bool CIdeFrame::StartDebugging()
         }
     }
     transcript.Line("   (debugging the sample on s51)");
-    ::SendMessage(panes.watch1.GetViewHwnd(), UWM_WATCH_REFRESH, 0, 0);
-    ::SendMessage(panes.watch2.GetViewHwnd(), UWM_WATCH_REFRESH, 0, 0);
+    RefreshTargetViews();
     return true;
 }
 
@@ -83,7 +82,5 @@ void CIdeFrame::RunStep()
 {
     debugger.Step();
     ShowWhereTargetStopped();
-    ::SendMessage(panes.watch1.GetViewHwnd(), UWM_WATCH_REFRESH, 0, 0);
-    ::SendMessage(panes.watch2.GetViewHwnd(), UWM_WATCH_REFRESH, 0, 0);
-    panes.memory.View().Refresh();
+    RefreshTargetViews();
 }
