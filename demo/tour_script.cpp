@@ -114,7 +114,7 @@ private:
         Step("the user presses F7 to build the project");
         m_ide.SetFocus();
         Input::Key(VK_F7);
-        m_record.Shot("build", "F7: the compiler's own log of the sample's build.");
+        m_record.Shot("build", "F7: the build's log, SDCC's own where it is installed.");
         Step("the user edits lights.c (a misspelt variable, a structure for a pointer, a number for a text) and builds again");
         m_ide.EditWithVariant("lights.c", m_ide.Project().Folder() / "variants" / "lights_broken.c");
         Input::Key(VK_F7);
