@@ -1,33 +1,22 @@
 #include "tests/demo_ucsim/sample_build.h"
 
 #include <signal.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
+
+#include "demo/toolchain/cdb_reader.h"
+#include "demo/toolchain/process_run.h"
+#include "demo/toolchain/sample_build.h"
 
 namespace {
 
-bool OnPath(const std::string& program)
-{
-    const char* path = std::getenv("PATH");
-    if (!path) return false;
-    std::stringstream folders(path);
-    std::string folder;
-    while (std::getline(folders, folder, ':')) {
-        if (!folder.empty() && access((std::filesystem::path(folder) / program).c_str(), X_OK) == 0) return true;
-    }
-    return false;
-}
-
 struct Build {
     std::filesystem::path folder;
-    std::string hex;
-    bool built = false;
+    BuildResult result;
+    std::optional<DebugInfo> info;
 
     ~Build()
     {
@@ -43,10 +32,8 @@ Build& TheBuild()
         char pattern[] = "/tmp/ucsim_sample_XXXXXX";
         if (!mkdtemp(pattern)) return b;
         b.folder = pattern;
-        const std::string command = "sh '" DEMO_SAMPLE_DIR "/build.sh' '" + b.folder.string() + "' >'" +
-                                    (b.folder / "build.log").string() + "' 2>&1";
-        b.hex = (b.folder / "traffic.ihx").string();
-        b.built = std::system(command.c_str()) == 0 && std::filesystem::exists(b.hex);
+        b.result = BuildSample(DEMO_SAMPLE_DIR, b.folder);
+        if (b.result.success) b.info = LoadDebugInfo(b.result.cdb);
         return b;
     }();
     return build;
@@ -56,29 +43,26 @@ Build& TheBuild()
 
 std::string SkipReason()
 {
-    if (!OnPath("s51")) return "s51 (ucsim, Debian package sdcc-ucsim) is not on PATH";
-    if (!OnPath("sdcc")) return "sdcc (Debian package sdcc) is not on PATH";
-    if (!TheBuild().built) return "the sample did not build; see " + (TheBuild().folder / "build.log").string();
+    if (!FindOnPath("s51")) return "s51 (ucsim, Debian package sdcc-ucsim) is not on PATH";
+    if (!FindOnPath("sdcc")) return "sdcc (Debian package sdcc) is not on PATH";
+    if (!TheBuild().result.success || !TheBuild().info) {
+        std::string log;
+        for (const std::string& line : TheBuild().result.Lines()) log += "\n" + line;
+        return "the sample did not build:" + log;
+    }
     return {};
 }
 
 const std::string& SampleHex()
 {
-    return TheBuild().hex;
+    static const std::string hex = TheBuild().result.ihx.string();
+    return hex;
 }
 
 std::optional<std::uint32_t> FunctionAddress(const std::string& name)
 {
-    // Map lines read: "C:   00000C23  _lights_pass   lights".
-    std::ifstream map(TheBuild().folder / "traffic.map");
-    std::string line;
-    while (std::getline(map, line)) {
-        std::istringstream fields(line);
-        std::string area, address, symbol;
-        if (fields >> area >> address >> symbol && area == "C:" && symbol == "_" + name)
-            return static_cast<std::uint32_t>(std::stoul(address, nullptr, 16));
-    }
-    return std::nullopt;
+    const DebugFunction* function = TheBuild().info ? TheBuild().info->FindFunction(name) : nullptr;
+    return function ? function->start : std::nullopt;
 }
 
 std::unique_ptr<UcsimProcess> StartSample(bool captureUart)

@@ -1,5 +1,5 @@
 // The sample program built once per test run into a temporary folder, and
-// the addresses of its global functions from the linker's map file. Tests
+// the addresses of its global functions from its debug information. Tests
 // call SkipReason() first: s51 and sdcc may not be installed.
 #pragma once
 
@@ -14,8 +14,7 @@
 std::string SkipReason();
 // The built traffic.ihx; builds it on first use.
 const std::string& SampleHex();
-// The code address of a global C function (its name without the linker's
-// underscore), from traffic.map.
+// The code address of a global C function, from the build's debug information.
 std::optional<std::uint32_t> FunctionAddress(const std::string& name);
 // s51 started on the sample.
 std::unique_ptr<UcsimProcess> StartSample(bool captureUart = true);
