@@ -15,21 +15,17 @@
 
 bool CIdeFrame::StartDebugging()
 {
-    const auto simulator = FindOnPath("s51");
-    std::optional<DebugInfo> info = m_lastBuild ? LoadDebugInfo(m_lastBuild->cdb) : std::nullopt;
-    if (!simulator || !info) {
-        transcript.Line("   (no program built by SDCC or no s51: debugging the simulated target)");
+    const auto simulated = [this](const char* why) {
+        transcript.Line(std::string("   (") + why + ": debugging the simulated target)");
         ShowDebugMessages();
         return false;
-    }
+    };
+    std::optional<DebugInfo> info = m_lastBuild ? LoadDebugInfo(m_lastBuild->cdb) : std::nullopt;
+    if (!FindOnPath("s51") || !info) return simulated("no program built by SDCC or no s51");
     UcsimLaunch launch;
     launch.program = m_lastBuild->ihx.string();
     auto process = std::make_unique<UcsimProcess>(launch);
-    if (!process->Alive()) {
-        transcript.Line("   (s51 did not start: debugging the simulated target)");
-        ShowDebugMessages();
-        return false;
-    }
+    if (!process->Alive()) return simulated("s51 did not start");
     UcsimTarget::Options options;
     // One step of the program is one pass of its main loop.
     if (const DebugFunction* pass = info->FindFunction("lights_pass")) options.stepBreakpoint = pass->start;

@@ -33,12 +33,6 @@ constexpr int kLinesToStatement = 5;
 // give the watch room for an expanded structure.
 constexpr int kBottomSplitterLift = 90;
 
-template <class View, class Pane>
-View& ViewOf(Pane& pane)
-{
-    return *dynamic_cast<View*>(CWnd::FromHandle(pane.GetViewHwnd()));
-}
-
 class Tour {
 public:
     Tour(CIdeFrame& ide, TourRecord& record) : m_ide(ide), m_record(record) {}
@@ -83,11 +77,11 @@ private:
     void OpenFileFromTree()
     {
         Step("the user double-clicks timer0.c in the file tree");
-        auto& tree = ViewOf<CWorkSpaceTree1>(m_ide.panes.files);
+        auto& tree = *ViewOf<CWorkSpaceTree1>(m_ide.panes.files);
         const CPoint file = TreeLabelCentre(tree, "timer0.c");
         if (Found(file, "timer0.c in the file tree")) Input::DoubleClick(&tree, file);
         Step("the user types 't' in the function list and presses Enter");
-        auto& functions = ViewOf<CFuncListTreeCtrl>(m_ide.panes.functions);
+        auto& functions = *ViewOf<CFuncListTreeCtrl>(m_ide.panes.functions);
         functions.SetFocus();
         Input::Type("t");
         Input::Key(VK_RETURN);
@@ -102,7 +96,7 @@ private:
         for (int i = 0; i < kLinesToStatement; ++i) Input::Key(VK_DOWN);
         Input::Key(VK_F9);
         Step("the user clicks the bookmark in lights.c");
-        auto& bookmarks = ViewOf<CBookMarkListTreeCtrl>(m_ide.panes.bookmarks);
+        auto& bookmarks = *ViewOf<CBookMarkListTreeCtrl>(m_ide.panes.bookmarks);
         Input::Wait();
         const CPoint lights = TreeLabelCentre(bookmarks, "lights.c");
         if (Found(lights, "the lights.c bookmark")) Input::Click(&bookmarks, lights);
@@ -119,7 +113,7 @@ private:
         m_ide.EditWithVariant("lights.c", m_ide.Project().Folder() / "variants" / "lights_broken.c");
         Input::Key(VK_F7);
         Step("the user double-clicks the first error");
-        auto& log = ViewOf<CMessageEditCtrl>(m_ide.panes.build);
+        auto& log = *ViewOf<CMessageEditCtrl>(m_ide.panes.build);
         const int line = EditLineOf(log, "error");
         if (Found(line >= 0, "an error in the build log")) {
             log.LineScroll(line - log.GetFirstVisibleLine());
@@ -135,7 +129,7 @@ private:
     {
         Step("the user searches the project for 'phase'");
         m_ide.Search("phase");
-        auto& results = ViewOf<CMessageEditCtrl>(m_ide.panes.search);
+        auto& results = *ViewOf<CMessageEditCtrl>(m_ide.panes.search);
         const int hit = m_ide.Project().LineOf("lights.c", kSearchHitText);
         const int line = EditLineOf(results, "lights.c(" + std::to_string(hit) + ")");
         Step("the user scrolls to the hit in next_phase and double-clicks it");
@@ -183,11 +177,11 @@ private:
     void UseContextMenus()
     {
         Step("the user presses F5 in the bookmark view: the host shows the project afresh");
-        ViewOf<CBookMarkListTreeCtrl>(m_ide.panes.bookmarks).SetFocus();
+        ViewOf<CBookMarkListTreeCtrl>(m_ide.panes.bookmarks)->SetFocus();
         Input::Key(VK_F5);
 
         Step("the user right-clicks a breakpoint and chooses 'go to' from its menu");
-        auto& breakpoints = ViewOf<CBreakPointListTreeCtrl>(m_ide.panes.breakpoints);
+        auto& breakpoints = *ViewOf<CBreakPointListTreeCtrl>(m_ide.panes.breakpoints);
         const CPoint first = TreeLabelCentre(breakpoints, "main.c");
         if (!Found(first, "a breakpoint of main.c")) return;
         Input::Wait();
@@ -199,7 +193,7 @@ private:
         Input::Wait();
         Input::RightClick(&breakpoints, first);
         Step("the user clears all bookmarks from the bookmark view's menu");
-        auto& bookmarks = ViewOf<CBookMarkListTreeCtrl>(m_ide.panes.bookmarks);
+        auto& bookmarks = *ViewOf<CBookMarkListTreeCtrl>(m_ide.panes.bookmarks);
         MenuDriver::Choose(kBookmarkClearAll);
         Input::Wait();
         Input::RightClick(&bookmarks, CPoint(20, 8));

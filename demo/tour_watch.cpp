@@ -15,7 +15,7 @@ namespace {
 class WatchTour {
 public:
     WatchTour(CIdeFrame& ide, TourRecord& record)
-        : m_ide(ide), m_record(record), m_watch(*dynamic_cast<CWatchGridCtrl*>(CWnd::FromHandle(ide.panes.watch1.GetViewHwnd())))
+        : m_ide(ide), m_record(record), m_watch(*ViewOf<CWatchGridCtrl>(ide.panes.watch1))
     {
     }
 

@@ -9,6 +9,14 @@
 #include "platform/controls/rich_edit_ctrl.h"
 #include "platform/controls/tree_ctrl.h"
 
+// The view a pane hosts, as its class; null before the view exists or when
+// the pane hosts another kind.
+template <class View, class Pane>
+View* ViewOf(Pane& pane)
+{
+    return dynamic_cast<View*>(CWnd::FromHandle(pane.GetViewHwnd()));
+}
+
 // The label of the first node (depth first) whose text holds the GBK text;
 // (-1, -1) when there is none.
 CPoint TreeLabelCentre(CTreeCtrl& tree, std::string_view gbkText);

@@ -51,12 +51,6 @@ private:
     std::vector<NamedPoint> m_points;
 };
 
-template <class View, class Pane>
-View* ViewOf(Pane& pane)
-{
-    return dynamic_cast<View*>(CWnd::FromHandle(pane.GetViewHwnd()));
-}
-
 // The label of the first mark (a node without children, depth first).
 CPoint FirstLeafCentre(CTreeCtrl& tree)
 {
