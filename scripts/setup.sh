@@ -7,6 +7,9 @@ cd "$(dirname "$0")/.."
 packages=(cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev
           libpng-dev libfreetype-dev xfonts-wqy libsdl2-dev libx11-dev xvfb xdotool
           sdcc sdcc-ucsim)
+preset="${1:-default}"
+# The fuzz targets build with clang and link its libFuzzer runtime.
+[ "$preset" = fuzz ] && packages+=(clang libclang-rt-14-dev)
 missing=()
 for p in "${packages[@]}"; do
     dpkg -s "$p" >/dev/null 2>&1 || missing+=("$p")
@@ -18,7 +21,6 @@ if [ ${#missing[@]} -gt 0 ]; then
     DEBIAN_FRONTEND=noninteractive $sudo_cmd apt-get install -y -qq "${missing[@]}"
 fi
 
-preset="${1:-default}"
 shift || true
 cmake --preset "$preset" >/dev/null
 if [ $# -gt 0 ]; then
