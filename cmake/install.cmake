@@ -22,8 +22,11 @@ foreach(header IN LISTS DOCKPANES_PUBLIC_HEADERS)
     install(FILES ${PROJECT_SOURCE_DIR}/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
 endforeach()
 
-# Installed, each library finds its siblings beside itself.
-set_target_properties(platform siblings dockpanes PROPERTIES INSTALL_RPATH "$ORIGIN")
+# Installed, each library finds its siblings beside itself. Before 1.0 a
+# minor version may change the binary interface, so it is part of the soname.
+set(DOCKPANES_SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+set_target_properties(platform siblings dockpanes PROPERTIES
+    INSTALL_RPATH "$ORIGIN" VERSION ${PROJECT_VERSION} SOVERSION ${DOCKPANES_SOVERSION})
 install(TARGETS platform siblings dockpanes EXPORT dockpanesTargets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
@@ -34,6 +37,6 @@ configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/dockpanesConfig.cmake.in
                               ${PROJECT_BINARY_DIR}/dockpanesConfig.cmake
                               INSTALL_DESTINATION ${DOCKPANES_CMAKE_DIR})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/dockpanesConfigVersion.cmake
-                                 COMPATIBILITY SameMajorVersion)
+                                 COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/dockpanesConfig.cmake ${PROJECT_BINARY_DIR}/dockpanesConfigVersion.cmake
         DESTINATION ${DOCKPANES_CMAKE_DIR})

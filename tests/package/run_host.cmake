@@ -1,14 +1,15 @@
 # Builds the package host against dockpanes and runs it; `cmake -P` so that
 # the steps run the same under any shell. Arguments (-D):
 #   MODE          installed: install BINARY_DIR into a fresh prefix and find it there;
-#                 subproject: add SOURCE_DIR to the host's own build
+#                 subproject: make SOURCE_DIR part of the host's own build (FetchContent)
 #   SOURCE_DIR, BINARY_DIR, HOST_DIR (the host's sources), WORK_DIR (scratch)
+#   VERSION, SOVERSION: the libraries' version and ABI version
 #   GENERATOR, CXX_COMPILER, C_COMPILER, LAUNCHER, BUILD_TYPE, CXX_FLAGS,
 #   C_FLAGS, EXE_LINKER_FLAGS, SHARED_LINKER_FLAGS: the dockpanes build's own,
 #   so the host is built as the library was (sanitizers included)
 cmake_minimum_required(VERSION 3.25)
 
-foreach(required IN ITEMS MODE SOURCE_DIR BINARY_DIR HOST_DIR WORK_DIR GENERATOR CXX_COMPILER)
+foreach(required IN ITEMS MODE SOURCE_DIR BINARY_DIR HOST_DIR WORK_DIR GENERATOR CXX_COMPILER VERSION SOVERSION)
     if(NOT DEFINED ${required})
         message(FATAL_ERROR "run_host.cmake: ${required} not given")
     endif()
@@ -37,6 +38,15 @@ if(MODE STREQUAL "installed")
     set(build ${WORK_DIR}/host)
     file(REMOVE_RECURSE ${prefix} ${build})
     run(${CMAKE_COMMAND} --install ${BINARY_DIR} --prefix ${prefix})
+    # Each library under its versioned name, with the link name a host's linker finds.
+    foreach(library IN ITEMS platform siblings dockpanes)
+        file(GLOB installed LIST_DIRECTORIES false RELATIVE ${prefix} ${prefix}/lib*/lib${library}.so*)
+        list(SORT installed)
+        list(TRANSFORM installed REPLACE "^lib[^/]*/" "")
+        if(NOT installed STREQUAL "lib${library}.so;lib${library}.so.${SOVERSION};lib${library}.so.${VERSION}")
+            message(FATAL_ERROR "Installed ${library} as '${installed}', not as lib${library}.so, .so.${SOVERSION} and .so.${VERSION}")
+        endif()
+    endforeach()
     run(${CMAKE_COMMAND} -S ${HOST_DIR} -B ${build} ${configure_args} -DCMAKE_PREFIX_PATH=${prefix})
 elseif(MODE STREQUAL "subproject")
     # Kept between runs: the library's first build here is the long part.
