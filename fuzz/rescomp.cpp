@@ -4,6 +4,7 @@
 // CompileError or compiles into blobs the readers take whole: a menu, a
 // toolbar, a string, a bitmap or an icon set the compiler wrote that its
 // reader rejects is a finding, as is any crash or sanitizer report.
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -20,7 +21,10 @@ namespace {
 
 bool ReaderTakes(const rescomp::CompiledResource& resource)
 {
-    const unsigned char* data = resource.data.data();
+    // An empty string resource points at a byte of its own in the generated
+    // table, never at null; read it the same way.
+    static constexpr unsigned char kEmpty[1] = {0};
+    const unsigned char* data = resource.data.empty() ? kEmpty : resource.data.data();
     const size_t size = resource.data.size();
     switch (resource.type) {
     case ResourceType::Menu: return ParseMenuTemplate(data, size).has_value();
@@ -50,8 +54,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size)
 
     try {
         const rescomp::CompileResult result = rescomp::CompileScript(script, "fuzz.rc", read);
-        for (const rescomp::CompiledResource& resource : result.resources)
-            if (!ReaderTakes(resource)) std::abort();
+        for (const rescomp::CompiledResource& resource : result.resources) {
+            if (ReaderTakes(resource)) continue;
+            std::fprintf(stderr, "the reader rejects resource %u of type %u, declared at line %d\n", resource.id,
+                         static_cast<unsigned>(resource.type), resource.line);
+            std::abort();
+        }
         rescomp::GenerateSource(result, "FuzzResources", "fuzz.rc");
     } catch (const rescomp::CompileError&) {
         // A script the compiler refuses, with its file and line: what it is for.
