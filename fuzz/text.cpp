@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 
+#include "fuzz/support/fuzz_check.h"
 #include "platform/text/compare.h"
 #include "platform/text/gbk.h"
 #include "siblings/orv_project_misc.h"
@@ -18,30 +19,25 @@ namespace {
 
 int Sign(int value) { return (value > 0) - (value < 0); }
 
-void Check(bool condition)
-{
-    if (!condition) std::abort();
-}
-
 // Conversions and cuts of one text, each held to its contract.
 void Conversions(const std::string& text, size_t bufferSize)
 {
-    Check(GbkToUnicode(text).size() <= text.size());
+    FUZZ_CHECK(GbkToUnicode(text).size() <= text.size());
     const std::string utf8 = GbkToUtf8(text);
     Utf8ToGbk(utf8);
     Utf8ToGbk(text);  // as if a host sent UTF-8, or garbage
 
     const size_t prefix = GbkPrefixBytes(text, bufferSize);
-    Check(prefix <= bufferSize && prefix <= text.size());
+    FUZZ_CHECK(prefix <= bufferSize && prefix <= text.size());
 
     auto buffer = std::make_unique<char[]>(bufferSize ? bufferSize : 1);
     const size_t copied = CopyGbkText(text, bufferSize ? buffer.get() : nullptr, bufferSize);
     if (bufferSize == 0) {
-        Check(copied == 0);
+        FUZZ_CHECK(copied == 0);
         return;
     }
-    Check(copied < bufferSize && buffer[copied] == '\0');
-    Check(std::memcmp(buffer.get(), text.data(), copied) == 0);
+    FUZZ_CHECK(copied < bufferSize && buffer[copied] == '\0');
+    FUZZ_CHECK(std::memcmp(buffer.get(), text.data(), copied) == 0);
 }
 
 // The folded compare on views agrees with _stricmp on terminated texts, and
@@ -49,11 +45,11 @@ void Conversions(const std::string& text, size_t bufferSize)
 void Compares(const std::string& a, const std::string& b, bool matchCase)
 {
     const int views = CompareFolded(a, b);
-    Check(Sign(views) == -Sign(CompareFolded(b, a)));
-    Check(Sign(_stricmp(a.c_str(), b.c_str())) == Sign(CompareFolded(a.c_str(), b.c_str())));
+    FUZZ_CHECK(Sign(views) == -Sign(CompareFolded(b, a)));
+    FUZZ_CHECK(Sign(_stricmp(a.c_str(), b.c_str())) == Sign(CompareFolded(a.c_str(), b.c_str())));
     _strnicmp(a.c_str(), b.c_str(), b.size() / 2);
     if (a.find('\0') == std::string::npos && b.find('\0') == std::string::npos)
-        Check(Sign(views) == Sign(_stricmp(a.c_str(), b.c_str())));
+        FUZZ_CHECK(Sign(views) == Sign(_stricmp(a.c_str(), b.c_str())));
     for (size_t pos = 0; pos < a.size(); pos += GbkCharLength(a, pos))
         GbkMatchesFoldedAt(a, pos, b, matchCase);
 }
@@ -64,15 +60,15 @@ void RelativePath(const std::string& path, const std::string& base)
     auto out = std::make_unique<char[]>(kPathBytes);
     std::memset(out.get(), 'x', kPathBytes);
     PathRelativePathToEx(out.get(), path.c_str(), base.c_str());
-    Check(std::memchr(out.get(), '\0', kPathBytes) != nullptr);
+    FUZZ_CHECK(std::memchr(out.get(), '\0', kPathBytes) != nullptr);
 }
 
 void TypedConstant(const std::string& text, unsigned char format)
 {
     CString typed(text.c_str());
     unsigned long value = 0x5A5A5A5A;
-    if (!IsConstantData(typed, value, format)) Check(value == 0x5A5A5A5A);
-    Check(std::string(static_cast<const char*>(typed)) == text.c_str());
+    if (!IsConstantData(typed, value, format)) FUZZ_CHECK(value == 0x5A5A5A5A);
+    FUZZ_CHECK(std::string(static_cast<const char*>(typed)) == text.c_str());
 }
 
 }  // namespace
