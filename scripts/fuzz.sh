@@ -11,7 +11,7 @@ cd "$(dirname "$0")/.."
 target="${1:-all}"
 seconds="${2:-30}"
 
-scripts/setup.sh fuzz fuzzers >/dev/null
+scripts/setup.sh fuzz fuzzers
 
 if [ "$target" = all ]; then
     targets=()
