@@ -2,7 +2,10 @@
 
 #include "platform/menu/menu_driver.h"
 
-Monkey::Monkey(CIdeFrame& ide, std::uint32_t seed) : m_ide(ide), m_random(seed) {}
+Monkey::Monkey(CIdeFrame& ide, std::uint32_t seed) : m_ide(ide), m_random(seed)
+{
+    m_ide.GetWindowRect(&m_startPlace);
+}
 
 // Mostly the mouse and the keys, as a user spends a session; the host's
 // messages about one step in eight.
@@ -27,8 +30,10 @@ void Monkey::Step()
         HoverOrPressAlone();
     } else if (roll < 85) {
         FocusAPane();
-    } else if (roll < 87) {
+    } else if (roll < 86) {
         DropTextFromOutside();
+    } else if (roll < 87) {
+        ResizeTheWindow();
     } else {
         SendAHostMessage();
     }

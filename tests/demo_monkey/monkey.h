@@ -58,6 +58,7 @@ private:
     void HoverOrPressAlone();
     void FocusAPane();
     void DropTextFromOutside();
+    void ResizeTheWindow();
     UINT ChooseFromMenu(const ShownMenu& menu);
     unsigned RandomModifiers();
     std::string RandomText();
@@ -78,5 +79,6 @@ private:
 
     CIdeFrame& m_ide;
     std::mt19937 m_random;
+    CRect m_startPlace;  // the frame's window when the monkey came
     const char* m_action = "none yet";
 };

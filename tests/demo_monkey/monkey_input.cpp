@@ -29,6 +29,9 @@ const std::vector<const char*> kGbkTexts = {"观察", "断点", "变量 a", "中
 
 // How many steps a drag takes, at most.
 constexpr int kMostDragSteps = 6;
+// The smallest a user makes the window, and how much larger than at the start.
+constexpr int kSmallest = 120;
+constexpr int kLarger = 300;
 // Wheel notches a turn moves, either way.
 constexpr int kMostNotches = 5;
 constexpr int kWheelDelta = 120;
@@ -210,4 +213,16 @@ void Monkey::DropTextFromOutside()
     FormatBlocks data;
     data.Set(CF_TEXT, GlobalText::Alloc(RandomText()));
     Input::DropFromOutside(data, Input::Gesture().MoveTo(at.window, at.point, Uniform(1, 3)).Release());
+}
+
+void Monkey::ResizeTheWindow()
+{
+    m_action = "resize the window";
+    // Back to its size half the time, so that most steps see the panes at a usable size.
+    if (Chance(50)) {
+        m_ide.MoveWindow(&m_startPlace);
+    } else {
+        m_ide.MoveWindow(m_startPlace.left, m_startPlace.top, Uniform(kSmallest, m_startPlace.Width() + kLarger),
+                         Uniform(kSmallest, m_startPlace.Height() + kLarger));
+    }
 }
