@@ -27,8 +27,9 @@ const std::vector<std::string> kTexts = {
 };
 const std::vector<const char*> kGbkTexts = {"观察", "断点", "变量 a", "中文表达式", "ｘ＋１"};
 
-// How many steps a drag takes, at most.
-constexpr int kMostDragSteps = 6;
+// How many moves a drag makes, at most: each move of a splitter lays out
+// and repaints the whole frame, and three already pass over other windows.
+constexpr int kMostDragSteps = 3;
 // The smallest a user makes the window, and how much larger than at the start.
 constexpr int kSmallest = 120;
 constexpr int kLarger = 300;
@@ -52,9 +53,9 @@ std::string Monkey::RandomText()
     const int roll = Uniform(0, 99);
     if (roll < 70) return Pick(kTexts);
     if (roll < 85) return GBK(kGbkTexts[static_cast<std::size_t>(Uniform(0, static_cast<int>(kGbkTexts.size()) - 1))]);
-    // Longer than any field a view keeps, now and then.
+    // Now and then longer than a grid cell keeps (kGridCellTextBytes).
     std::string text;
-    const int length = Chance(80) ? Uniform(1, 40) : Uniform(200, 600);
+    const int length = Chance(90) ? Uniform(1, 40) : Uniform(240, 400);
     for (int i = 0; i < length; ++i) text += static_cast<char>(Uniform(' ', '~'));
     return text;
 }
@@ -149,9 +150,13 @@ void Monkey::TypeText()
 {
     m_action = "typing";
     if (Chance(30)) {
-        // Into a watch's empty row, as a user adds an expression.
-        const HWND watch = Chance(80) ? m_ide.panes.watch1.GetViewHwnd() : m_ide.panes.watch2.GetViewHwnd();
-        if (::IsWindowVisible(watch)) ::SetFocus(watch);
+        // Into a watch's cell, as a user adds an expression or writes a value.
+        CWnd* watch = CWnd::FromHandle(Chance(80) ? m_ide.panes.watch1.GetViewHwnd() : m_ide.panes.watch2.GetViewHwnd());
+        if (watch && watch->IsWindowVisible()) {
+            const Aim cell = OnAGridCell(*watch);
+            Input::Wait();
+            if (cell.window) Input::Click(cell.window, cell.point);
+        }
     }
     Input::Type(RandomText());
     if (Chance(50)) Input::Key(Chance(80) ? VK_RETURN : VK_ESCAPE);

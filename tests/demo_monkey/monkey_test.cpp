@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
@@ -123,6 +124,7 @@ TEST_F(DemoMonkey, SurvivesARandomStreamOfUserInputAndHostMessages)
     const auto seed = static_cast<std::uint32_t>(FromEnvironment("DOCKPANES_MONKEY_SEED", kDefaultSeed));
     const long steps = FromEnvironment("DOCKPANES_MONKEY_STEPS", kDefaultSteps);
     std::printf("monkey: seed %u, %ld steps\n", seed, steps);
+    std::fflush(stdout);
     Monkey monkey(ide, seed);
     CrashNote::Install(seed, monkey.LastAction());
     struct ForgetTheMonkey {
