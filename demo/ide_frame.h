@@ -68,8 +68,12 @@ public:
     // Shows a file of the project at a 1-based line, with its functions.
     void OpenFile(std::string_view path, int line);
     // Runs a build and shows its log: the compiler's own when SDCC is on the
-    // PATH, else the log of an earlier build kept with the project.
+    // PATH and the toolchain is in use, else the log of an earlier build kept
+    // with the project.
     void Build();
+    // On by default. Off, F7 never starts the compiler and debugging stays on
+    // the simulated target: for callers that press keys by the thousand.
+    void UseToolchain(bool on) { m_useToolchain = on; }
     // Where builds write their objects; a folder of the temporary directory
     // until set.
     void SetBuildFolder(const std::filesystem::path& folder) { m_buildFolder = folder; }
@@ -129,6 +133,7 @@ private:
 
     SampleProject& m_project;
     std::filesystem::path m_buildFolder;
+    bool m_useToolchain = true;
     std::optional<BuildResult> m_lastBuild;  // the last build that made a program
     std::optional<DebugInfo> m_debugInfo;    // of the program being debugged
     UcsimTarget* m_realTarget = nullptr;     // owned by the debugger's session

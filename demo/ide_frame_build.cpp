@@ -11,8 +11,9 @@
 void CIdeFrame::Build()
 {
     ShowTab(&panes.build);
-    if (!FindOnPath("sdcc")) {
-        transcript.Line("   (no SDCC on the PATH: the build log kept with the project)");
+    if (!m_useToolchain || !FindOnPath("sdcc")) {
+        transcript.Line(m_useToolchain ? "   (no SDCC on the PATH: the build log kept with the project)"
+                                       : "   (toolchain not in use: the build log kept with the project)");
         SendLines(panes.build.GetViewHwnd(), m_project.BuildLog());
         return;
     }

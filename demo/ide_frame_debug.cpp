@@ -20,7 +20,7 @@ bool CIdeFrame::StartDebugging()
         ShowDebugMessages();
         return false;
     };
-    std::optional<DebugInfo> info = m_lastBuild ? LoadDebugInfo(m_lastBuild->cdb) : std::nullopt;
+    std::optional<DebugInfo> info = m_useToolchain && m_lastBuild ? LoadDebugInfo(m_lastBuild->cdb) : std::nullopt;
     if (!FindOnPath("s51") || !info) return simulated("no program built by SDCC or no s51");
     UcsimLaunch launch;
     launch.program = m_lastBuild->ihx.string();

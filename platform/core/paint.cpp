@@ -76,6 +76,8 @@ void PaintFrame(HWND hwnd)
 
 bool IsLockedBy(HWND hwnd)
 {
+    // The paint pass asks this of every window; a lock is rare.
+    if (!g_locked) return false;
     for (const WindowData* data = WindowRegistry::Find(hwnd); data; data = WindowRegistry::Find(data->parent)) {
         if (data->handle == g_locked) return true;
     }

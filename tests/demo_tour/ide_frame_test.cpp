@@ -96,6 +96,21 @@ TEST_F(IdeFrameTest, F9InTheSourceViewSetsThenRemovesABreakpoint)
     EXPECT_EQ(MarkCount(ide.breakpoints), before);
 }
 
+// Off the toolchain, F7 shows the log kept with the project even where SDCC
+// is installed, and debugging runs on the simulated target.
+TEST_F(IdeFrameTest, WithTheToolchainOffF7NeverStartsTheCompiler)
+{
+    ide.UseToolchain(false);
+    ide.SetFocus();
+    Input::Key(VK_F7);
+    EXPECT_NE(ide.transcript.Text().find("(toolchain not in use: the build log kept with the project)"), std::string::npos);
+    EXPECT_EQ(ide.transcript.Text().find("SDCC built the sample"), std::string::npos);
+    auto* log = dynamic_cast<CRichEditCtrl*>(CWnd::FromHandle(ide.panes.build.GetViewHwnd()));
+    ASSERT_NE(log, nullptr);
+    EXPECT_GT(log->GetLineCount(), 1);
+    EXPECT_FALSE(ide.StartDebugging());
+}
+
 TEST_F(IdeFrameTest, ClearAllBreakpointsFromTheViewsMenuEmptiesTheList)
 {
     auto* view = CWnd::FromHandle(ide.panes.breakpoints.GetViewHwnd());
