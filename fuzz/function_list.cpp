@@ -25,20 +25,20 @@
 #include "fuzz/support/view_session.h"
 #include "funclist/func_list_tree_ctrl.h"
 #include "host/resource_ids.h"
-#include "platform/core/paint.h"
 #include "platform/text/compare.h"
 
 namespace {
 
 using FuzzViews::Check;
 
-constexpr int kMaxOperations = 32;
+constexpr int kMaxOperations = 24;
 constexpr unsigned kContainers = 3;
 constexpr unsigned kMaxEntriesRead = 40;
+constexpr std::uint8_t kPadPastTheCap = 0xCA;
 constexpr std::array<UINT, 1> kMenuCommands = {ID_FUNLIST_SEEK};
 
 struct Session {
-    Session() { FuzzViews::HostView(host, pane, view, CRect(0, 0, 240, 200)); }
+    Session() { FuzzViews::HostView(host, pane, view, CRect(0, 0, 200, 160)); }
 
     TestHost host;
     TestPane pane;
@@ -66,9 +66,10 @@ std::unique_ptr<CFuncSeekItems> ReadContainer(OpStream& ops)
 {
     auto container = std::make_unique<CFuncSeekItems>();
     for (unsigned n = ops.Below(kMaxEntriesRead + 1); n > 0; --n) container->Add(ReadEntry(ops));
-    // Null slots past the cap, now and then (each pass over them costs 3,000
-    // steps): the warning and the cut, without 3,000 entries to build.
-    if (ops.Below(32) == 0) container->SetSize(kFuncListMaxLines + static_cast<int>(ops.Byte()));
+    // Null slots past the cap: the warning and the cut, without 3,000 entries
+    // to build. Only behind one byte value, not the zeros inputs are full of,
+    // as every pass over such a container costs 3,000 steps.
+    if (ops.Byte() == kPadPastTheCap) container->SetSize(kFuncListMaxLines + static_cast<int>(ops.Byte()));
     return container;
 }
 
@@ -102,7 +103,7 @@ public:
                 FuzzViews::PlayGesture(ops, m_session.pane, kMenuCommands);
                 break;
             case 9:
-                Paint::UpdateAllWindows();
+                FuzzViews::PaintPass(m_session.pane);
                 break;
             case 10:
                 m_view.SendMessage(UWM_DOCK_FONT_CHANGED);
@@ -113,7 +114,7 @@ public:
             }
             CheckHost();
         }
-        Paint::UpdateAllWindows();
+        FuzzViews::PaintPass(m_session.pane);
     }
 
 private:
@@ -262,8 +263,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size)
 {
     static Session* session = new Session;
     OpStream ops(data, size);
-    FuzzViews::BeginInput(session->host, session->view);
-    session->pane.MoveWindow(0, 0, 240, 200);
+    FuzzViews::BeginInput(session->host, session->pane);
+    session->pane.MoveWindow(0, 0, 200, 160);
     // The view lets go of the last input's containers before they are freed.
     session->view.SendMessage(UWM_REFRESH_VIEW, reinterpret_cast<WPARAM>(""), 0);
     for (auto& container : session->containers) container = ReadContainer(ops);

@@ -25,16 +25,15 @@
 #include "fuzz/support/view_session.h"
 #include "marks/bookmark_tree_ctrl.h"
 #include "marks/breakpoint_tree_ctrl.h"
-#include "platform/core/paint.h"
 
 namespace {
 
 using FuzzViews::Check;
 
-constexpr int kMaxOperations = 32;
+constexpr int kMaxOperations = 24;
 constexpr unsigned kMaxGroupsRead = 12;
 constexpr unsigned kMaxMarksRead = 20;
-const CRect kPaneRect(0, 0, 320, 200);
+const CRect kPaneRect(0, 0, 240, 150);
 
 struct BookmarkKind {
     using View = CBookMarkListTreeCtrl;
@@ -131,7 +130,7 @@ public:
                 ChangeHost(ops);
                 break;
             case 9:
-                Paint::UpdateAllWindows();
+                FuzzViews::PaintPass(m_pane);
                 break;
             case 10:
                 m_view.SendMessage(UWM_DOCK_FONT_CHANGED);
@@ -142,7 +141,7 @@ public:
             }
             CheckHost();
         }
-        Paint::UpdateAllWindows();
+        FuzzViews::PaintPass(m_pane);
     }
 
 private:
@@ -404,7 +403,7 @@ void RunOn(Session& session, TestPane& shown, TestPane& hidden, typename Kind::V
     hidden.ShowWindow(SW_HIDE);
     shown.ShowWindow(SW_SHOW);
     shown.MoveWindow(kPaneRect.left, kPaneRect.top, kPaneRect.Width(), kPaneRect.Height());
-    FuzzViews::BeginInput(session.host, view);
+    FuzzViews::BeginInput(session.host, shown);
     ResetLists(session);
     MarkRun<Kind>(session.host, shown, view, list).Run(ops);
 }

@@ -20,7 +20,6 @@
 #include "fuzz/support/view_session.h"
 #include "host/resource_ids.h"
 #include "output/message_edit_ctrl.h"
-#include "platform/core/paint.h"
 #include "platform/menu/menu_driver.h"
 #include "platform/text/field_text.h"
 #include "siblings/orv_project_misc.h"
@@ -29,7 +28,7 @@ namespace {
 
 using FuzzViews::Check;
 
-constexpr int kMaxOperations = 32;
+constexpr int kMaxOperations = 24;
 constexpr std::array<UINT, 4> kMenuCommands = {ID_MESSAGE_COPY, ID_MESSAGE_CLEAR, ID_MESSAGE_SEEK, ID_MESSAGE_STOP};
 
 // What the view is expected to hold of one record.
@@ -40,7 +39,7 @@ struct KeptRecord {
 };
 
 struct Session {
-    Session() { FuzzViews::HostView(host, pane, view, CRect(0, 0, 360, 200)); }
+    Session() { FuzzViews::HostView(host, pane, view, CRect(0, 0, 300, 150)); }
 
     TestHost host;
     TestPane pane;
@@ -194,8 +193,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size)
     CMessageEditCtrl& view = session->view;
     OpStream ops(data, size);
 
-    FuzzViews::BeginInput(session->host, view);
-    session->pane.MoveWindow(0, 0, 360, 200);
+    FuzzViews::BeginInput(session->host, session->pane);
+    session->pane.MoveWindow(0, 0, 300, 150);
     view.ClearAllMessages();
     view.SendMessage(UWM_DOCK_FONT_CHANGED);
     const int mode = static_cast<int>(ops.Below(4));
@@ -228,7 +227,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size)
             break;
         }
         case 7:
-            Paint::UpdateAllWindows();
+            FuzzViews::PaintPass(session->pane);
             break;
         case 8: {
             const std::string face = ops.Text(64);
@@ -242,7 +241,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size)
         }
         run.CheckHost();
     }
-    Paint::UpdateAllWindows();
+    FuzzViews::PaintPass(session->pane);
     run.CheckText();
     return 0;
 }

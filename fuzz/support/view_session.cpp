@@ -3,6 +3,7 @@
 #include <array>
 
 #include "platform/core/module.h"
+#include "platform/core/paint.h"
 #include "platform/input/input.h"
 #include "platform/menu/menu_driver.h"
 #include "platform/core/message_box.h"
@@ -20,16 +21,18 @@ constexpr std::array<UINT, 20> kKeys = {
 
 CPoint ReadPoint(OpStream& ops)
 {
-    // From just left of and above the views (at most 360 by 200 pixels) to
-    // past their right and bottom edges.
+    // From just left of and above the views (at most 300 by 160 pixels, small
+    // so that a paint pass stays cheap) to past their right and bottom edges.
     const int x = ops.Byte() * 3 / 2 - 16;
     const int y = ops.Byte() - 16;
     return CPoint(x, y);
 }
 
+// Modifiers with one event in four: each one held is two more key events.
 unsigned ReadModifiers(OpStream& ops)
 {
-    return ops.Byte() & (Input::kShift | Input::kControl | Input::kAlt);
+    const unsigned byte = ops.Byte();
+    return (byte & 0x18) == 0x18 ? byte & (Input::kShift | Input::kControl | Input::kAlt) : 0;
 }
 
 }  // namespace
@@ -40,7 +43,7 @@ void LoadPanesModule()
     Check(module != nullptr);
 }
 
-void BeginInput(TestHost& host, CWnd& view)
+void BeginInput(TestHost& host, TestPane& pane)
 {
     MenuDriver::Reset();
     MessageBoxes::Reset();
@@ -52,7 +55,15 @@ void BeginInput(TestHost& host, CWnd& view)
     host.answersProjectPath = true;
     host.projectPath = "C:\\work\\demo\\demo.prj";
     Input::Wait();
-    view.SetFocus();
+    pane.SetRedraw(FALSE);
+    pane.view->SetFocus();
+}
+
+void PaintPass(TestPane& pane)
+{
+    pane.SetRedraw(TRUE);
+    Paint::UpdateAllWindows();
+    pane.SetRedraw(FALSE);
 }
 
 void PlayGesture(OpStream& ops, TestPane& pane, std::span<const UINT> commands)

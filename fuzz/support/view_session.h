@@ -44,8 +44,14 @@ void HostView(TestHost& host, TestPane& pane, View& view, const CRect& rect)
 
 // Forgets what earlier inputs left in the process: queued and shown menus
 // and message boxes, what the host received, the host's answers, a pending
-// double click, the mouse capture and the dock font. The view gets the focus.
-void BeginInput(TestHost& host, CWnd& view);
+// double click, the mouse capture and the dock font. The pane's view gets
+// the focus, and the pane's painting is held back until a PaintPass.
+void BeginInput(TestHost& host, TestPane& pane);
+
+// Paints what the pane and its view have pending, then holds their painting
+// back again. The input layer paints after every event, which would take
+// most of the time; an input paints when it asks for it and at its end.
+void PaintPass(TestPane& pane);
 
 // One gesture of the user on the pane's view: a click, double click, right click
 // (its menu answered with one of `commands`, or dismissed), the menu asked
