@@ -112,18 +112,20 @@ protected:
     }
 
     // Walks the nodes in step with one group's marks: rewrites what differs,
-    // appends what is missing. Returns the first node this group did not use.
+    // appends what is missing. Returns the first node this group did not use,
+    // also after a null group or a null mark (which ends the group), so that
+    // the next group reuses it and no node of a freed mark is left behind.
     // Nodes are read in place and texts made in one buffer, so a node that is
     // already right costs no copy, no allocation and no message.
     HTREEITEM RefreshBranch(Group* group, HTREEITEM node, long fileIndex)
     {
-        if (!group) return nullptr;
+        if (!group) return node;
         m_texts.BeginFile(group->file, m_baseDirectory);
         const int marks = std::min(group->GetSize(), kMaxMarksPerGroup);
         TreeItemPeek peek;
         for (int e = 0; e < marks; ++e) {
             Item* item = group->ItemAt(e);
-            if (!item) return nullptr;
+            if (!item) return node;
             // The host may fill the whole field without a terminator.
             const std::string& text = m_texts.Text(item->line, FieldText(item->text));
             const DWORD data = EncodeMarkData(static_cast<int>(fileIndex), e);

@@ -104,4 +104,30 @@ TYPED_TEST(StaleMarkList, AHeldRefreshChangesNoNodeAndTheFreedListIsNeverRead)
     EXPECT_EQ(this->Texts(), (std::vector<std::string>{this->NodeText("c.c", 20), this->NodeText("c.c", 21)}));
 }
 
+TYPED_TEST(StaleMarkList, ARefreshOverHolesKeepsNoNodeOfWhatWasFreed)
+{
+    auto* first = this->AddGroup("a.c", {1, 2, 3});
+    this->AddGroup("b.c", {4});
+    this->Refresh();
+    ASSERT_EQ(this->Nodes().size(), 4u);
+
+    // The host frees a mark and a group, leaves their slots empty, adds a file.
+    delete first->ItemAt(1);
+    first->SetAt(1, nullptr);
+    auto* second = this->list->GroupAt(1);
+    second->ReleaseAllItems();
+    delete second;
+    this->list->SetAt(1, nullptr);
+    this->AddGroup("c.c", {9});
+    this->Refresh();
+
+    // The hole ends a.c's marks and the empty slot is skipped: the nodes of
+    // the freed marks and of the marks past the hole are gone.
+    EXPECT_EQ(this->Texts(), (std::vector<std::string>{this->NodeText("a.c", 1), this->NodeText("c.c", 9)}));
+    EXPECT_EQ(this->Data(), (std::vector<DWORD>{EncodeMarkData(0, 0), EncodeMarkData(2, 0)}));
+    this->ClickNode(1);
+    ASSERT_EQ(this->host.Count(UWM_GOTO_SOURCE), 1);
+    EXPECT_EQ(this->host.Received(UWM_GOTO_SOURCE)[0].text, "C:\\work\\demo\\c.c");
+}
+
 }  // namespace
