@@ -2,7 +2,7 @@
 // a row tree (chains deeper than the 8 bits a level keeps, any flags, cells
 // in and outside the 32 columns a row holds, texts with any bytes: GBK,
 // invalid, embedded NULs, unterminated views, many kilobytes) and a header
-// of 1 to 36 columns, then plays up to 64 operations: keys, typing, clicks
+// of 1 to 36 columns, then plays up to 12 operations: keys, typing, clicks
 // and double clicks on cells, expand boxes, the header and the scroll bars,
 // header dividers dragged, the wheel, window resizes, paint passes, rows
 // added, removed and reflagged as a host's refresh would, the focus taken
@@ -35,15 +35,15 @@ namespace {
 
 constexpr DWORD kGridStyle = WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL | LVS_OWNERDRAWFIXED | LVS_OWNERDATA;
 // Small, so that a paint pass draws few lines; inputs make it any size.
-const CRect kPaneRect(0, 0, 300, 120);
-constexpr int kMaxOperations = 32;
+const CRect kPaneRect(0, 0, 240, 100);
+constexpr int kMaxOperations = 12;
 // Rows one input may make, the chain past the 8 bits of a level included.
 constexpr int kRowBudget = 400;
 constexpr int kMaxChain = 300;
 constexpr size_t kMaxHugeText = 16384;
 // The header between inputs: the watch's four columns.
 constexpr int kDefaultColumns = 4;
-constexpr int kDefaultWidths[kDefaultColumns] = {120, 80, 40, 80};
+constexpr int kDefaultWidths[kDefaultColumns] = {70, 50, 30, 50};
 constexpr const char* kHeading = "Column";
 
 void Check(bool condition)
