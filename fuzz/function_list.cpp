@@ -21,15 +21,15 @@
 #include <string>
 #include <vector>
 
+#include "funclist/func_list_tree_ctrl.h"
+#include "fuzz/support/fuzz_check.h"
 #include "fuzz/support/op_stream.h"
 #include "fuzz/support/view_session.h"
-#include "funclist/func_list_tree_ctrl.h"
 #include "host/resource_ids.h"
 #include "platform/text/compare.h"
 
 namespace {
 
-using FuzzViews::Check;
 
 constexpr int kMaxOperations = 24;
 constexpr unsigned kContainers = 3;
@@ -155,14 +155,14 @@ private:
 
         const bool shows = file && (message == UWM_REFRESH_VIEW || _stricmp(file, shownBefore.c_str()) != 0);
         const std::string shown = m_view.GetCurrentFile();
-        Check(shown.size() < kPathBytes);
+        FUZZ_CHECK(shown.size() < kPathBytes);
         if (!shows) {
-            Check(shown == shownBefore && Lines() == linesBefore);
+            FUZZ_CHECK(shown == shownBefore && Lines() == linesBefore);
             return;
         }
-        Check(std::string_view(file).starts_with(shown));
-        Check(m_view.GetShownList() == list);
-        Check(Matches(Lines(), list));
+        FUZZ_CHECK(std::string_view(file).starts_with(shown));
+        FUZZ_CHECK(m_view.GetShownList() == list);
+        FUZZ_CHECK(Matches(Lines(), list));
     }
 
     void SeekLine(OpStream& ops)
@@ -172,7 +172,7 @@ private:
         const unsigned choice = ops.Byte();
         const WPARAM line = choice < lines.size() ? static_cast<WPARAM>(lines[choice].data) : static_cast<WPARAM>(ops.U64());
         m_view.SendMessage(UWM_FUNCLIST_SEEK_LINE, line);
-        Check(Lines() == lines);
+        FUZZ_CHECK(Lines() == lines);
     }
 
     // The host edits a container, shown or not, without telling the view.
@@ -247,8 +247,8 @@ private:
         for (; m_seen < received.size(); ++m_seen) {
             const HostRecord& record = received[m_seen];
             if (record.message != UWM_GOTO_SOURCE && record.message != UWM_FUNCLIST_SELECTED) continue;
-            Check(record.text == m_view.GetCurrentFile());
-            Check(std::any_of(lines.begin(), lines.end(), [&](const Line& line) { return line.data == record.lParam; }));
+            FUZZ_CHECK(record.text == m_view.GetCurrentFile());
+            FUZZ_CHECK(std::any_of(lines.begin(), lines.end(), [&](const Line& line) { return line.data == record.lParam; }));
         }
     }
 

@@ -23,6 +23,7 @@
 #include <string_view>
 #include <vector>
 
+#include "fuzz/support/fuzz_check.h"
 #include "fuzz/support/fuzz_grid.h"
 #include "platform/core/input_state.h"
 #include "platform/core/paint.h"
@@ -45,11 +46,6 @@ constexpr size_t kMaxHugeText = 16384;
 constexpr int kDefaultColumns = 4;
 constexpr int kDefaultWidths[kDefaultColumns] = {70, 50, 30, 50};
 constexpr const char* kHeading = "Column";
-
-void Check(bool condition)
-{
-    if (!condition) std::abort();
-}
 
 void SetHeading(FuzzGrid& grid, std::string heading)
 {
@@ -84,9 +80,9 @@ struct World {
     World()
     {
         pane.view = &grid;
-        Check(pane.CreatePane(&host, kPaneRect));
-        Check(grid.Create(kGridStyle, CRect(1, 1, kPaneRect.right - 1, kPaneRect.bottom - 1), &pane, 100) != FALSE);
-        Check(other.CreatePane(&host, CRect(kPaneRect.right, 0, kPaneRect.right + 200, kPaneRect.bottom)));
+        FUZZ_CHECK(pane.CreatePane(&host, kPaneRect));
+        FUZZ_CHECK(grid.Create(kGridStyle, CRect(1, 1, kPaneRect.right - 1, kPaneRect.bottom - 1), &pane, 100) != FALSE);
+        FUZZ_CHECK(other.CreatePane(&host, CRect(kPaneRect.right, 0, kPaneRect.right + 200, kPaneRect.bottom)));
         editLimit = grid.EditBox().GetLimitText();
         DefaultHeader(grid, true);
     }
@@ -142,12 +138,12 @@ void SetCellText(CGridRow* row, int c, const std::string& text)
     row->SetCellText(c, bytes.View());
     const std::string_view kept = row->CellText(c);
     if (c < 0 || c >= kGridMaxCells) {
-        Check(kept.empty() && row->CellCount() == cellsBefore);
+        FUZZ_CHECK(kept.empty() && row->CellCount() == cellsBefore);
         return;
     }
     const std::string_view given = std::string_view(text).substr(0, text.find('\0'));
-    Check(kept.size() <= GridCellText::kMaxBytes && given.substr(0, kept.size()) == kept);
-    if (given.size() <= GridCellText::kMaxBytes) Check(kept.size() == given.size());
+    FUZZ_CHECK(kept.size() <= GridCellText::kMaxBytes && given.substr(0, kept.size()) == kept);
+    if (given.size() <= GridCellText::kMaxBytes) FUZZ_CHECK(kept.size() == given.size());
 }
 
 // One cell change, of any kind, on any column.
@@ -213,7 +209,7 @@ void AddRows(FuzzedDataProvider& in, FuzzGrid& grid, int count)
         if (!row) return;
         FillRow(in, row);
         rows.InsertRow(PickIndex(in, rows.GetSize() + 1), row);
-        Check(row->Container() == &rows);
+        FUZZ_CHECK(row->Container() == &rows);
     }
 }
 
@@ -488,28 +484,28 @@ void CheckScroll(FuzzGrid& grid, int bar)
     info.fMask = SIF_ALL;
     if (!grid.GetScrollInfo(bar, &info)) return;
     const int last = std::max(info.nMin, info.nMax - std::max(static_cast<int>(info.nPage), 1) + 1);
-    Check(info.nPos >= info.nMin && info.nPos <= last);
+    FUZZ_CHECK(info.nPos >= info.nMin && info.nPos <= last);
 }
 
 void CheckGrid(FuzzGrid& grid)
 {
     const int count = grid.GetItemCount();
-    Check(count == grid.CountVisibleRows(grid.Rows()));
+    FUZZ_CHECK(count == grid.CountVisibleRows(grid.Rows()));
     const int selected = grid.GetSelectedItem();
     const int focused = grid.GetNextItem(-1, LVNI_FOCUSED);
-    Check(selected >= -1 && selected < count);
-    Check(focused >= -1 && focused < count);
+    FUZZ_CHECK(selected >= -1 && selected < count);
+    FUZZ_CHECK(focused >= -1 && focused < count);
     if (selected != -1) {
         const CGridRow* row = grid.GetRowAt(selected);
-        Check(row != nullptr && DisplayLineOf(grid.Rows(), row) == selected);
+        FUZZ_CHECK(row != nullptr && DisplayLineOf(grid.Rows(), row) == selected);
         const CGridRowArray* rows = row->Container();
         const int index = rows->IndexOf(row);
-        Check(row->prev == rows->GetRow(index - 1) && row->next == rows->GetRow(index + 1));
+        FUZZ_CHECK(row->prev == rows->GetRow(index - 1) && row->next == rows->GetRow(index + 1));
     }
     const int columns = grid.GetHeaderCtrl()->GetItemCount();
-    Check(grid.GetCurrentColumn() >= 0 && grid.GetCurrentColumn() < std::max(columns, 1));
+    FUZZ_CHECK(grid.GetCurrentColumn() >= 0 && grid.GetCurrentColumn() < std::max(columns, 1));
     const int top = grid.GetTopIndex();
-    Check(top >= 0 && top <= std::max(count - 1, 0));
+    FUZZ_CHECK(top >= 0 && top <= std::max(count - 1, 0));
     CheckScroll(grid, SB_VERT);
     CheckScroll(grid, SB_HORZ);
 }

@@ -21,6 +21,7 @@
 #include <string>
 #include <vector>
 
+#include "fuzz/support/fuzz_check.h"
 #include "fuzz/support/op_stream.h"
 #include "fuzz/support/view_session.h"
 #include "marks/bookmark_tree_ctrl.h"
@@ -28,7 +29,6 @@
 
 namespace {
 
-using FuzzViews::Check;
 
 constexpr int kMaxOperations = 24;
 constexpr unsigned kMaxGroupsRead = 12;
@@ -318,14 +318,14 @@ private:
         m_view.SendMessage(UWM_REFRESH_VIEW, hold, 0);
 
         if (heldBefore && hold) {
-            Check(m_view.GetHoldFlag() == heldBefore);
-            Check(NodesOf(m_view) == before);
+            FUZZ_CHECK(m_view.GetHoldFlag() == heldBefore);
+            FUZZ_CHECK(NodesOf(m_view) == before);
             return;
         }
         const std::int32_t expectedHold = hold == 0 ? 0 : (static_cast<std::int32_t>(hold) ? static_cast<std::int32_t>(hold) : 1);
-        Check(m_view.GetHoldFlag() == expectedHold);
+        FUZZ_CHECK(m_view.GetHoldFlag() == expectedHold);
         const List* list = ReachableList();
-        Check(NodesOf(m_view) == (list ? Expected(*list, expectedHold) : before));
+        FUZZ_CHECK(NodesOf(m_view) == (list ? Expected(*list, expectedHold) : before));
     }
 
     // The nodes a refresh must leave: the marks of every group in order, a
@@ -357,10 +357,10 @@ private:
         const auto& received = m_host.Received();
         for (; m_seen < received.size(); ++m_seen) {
             const HostRecord& record = received[m_seen];
-            if (record.message == WM_COMMAND) Check(record.wParam == Kind::kHostCommand);
+            if (record.message == WM_COMMAND) FUZZ_CHECK(record.wParam == Kind::kHostCommand);
             if (record.message != UWM_GOTO_SOURCE) continue;
             const List* list = ReachableList();
-            Check(list != nullptr);
+            FUZZ_CHECK(list != nullptr);
             bool found = false;
             for (int f = 0; f < list->GetSize() && !found; ++f) {
                 const Group* group = list->GroupAt(f);
@@ -370,7 +370,7 @@ private:
                     found = item && item->line == static_cast<std::int32_t>(record.lParam);
                 }
             }
-            Check(found);
+            FUZZ_CHECK(found);
         }
     }
 

@@ -16,6 +16,7 @@
 #include <deque>
 #include <string>
 
+#include "fuzz/support/fuzz_check.h"
 #include "fuzz/support/op_stream.h"
 #include "fuzz/support/view_session.h"
 #include "host/resource_ids.h"
@@ -26,7 +27,6 @@
 
 namespace {
 
-using FuzzViews::Check;
 
 constexpr int kMaxOperations = 24;
 constexpr std::array<UINT, 4> kMenuCommands = {ID_MESSAGE_COPY, ID_MESSAGE_CLEAR, ID_MESSAGE_SEEK, ID_MESSAGE_STOP};
@@ -146,14 +146,14 @@ public:
             const UINT expected = m_mode == kGotoSendsMessageViewGoto ? UWM_MSGVIEW_GOTO
                                 : m_mode == kGotoSendsGotoSource      ? UWM_GOTO_SOURCE
                                                                       : 0;
-            Check(record.message == expected);
-            Check(std::any_of(m_kept.begin(), m_kept.end(), [&](const KeptRecord& kept) {
+            FUZZ_CHECK(record.message == expected);
+            FUZZ_CHECK(std::any_of(m_kept.begin(), m_kept.end(), [&](const KeptRecord& kept) {
                 return kept.located && kept.file == record.text && kept.line == static_cast<std::int32_t>(record.lParam);
             }));
         }
-        Check(m_session.view.GetMessageCount() == static_cast<int>(m_kept.size()));
+        FUZZ_CHECK(m_session.view.GetMessageCount() == static_cast<int>(m_kept.size()));
         const int marked = m_session.view.GetMarkedLine();
-        Check(marked == -1 || (marked >= 0 && marked <= m_session.view.GetTextLength()));
+        FUZZ_CHECK(marked == -1 || (marked >= 0 && marked <= m_session.view.GetTextLength()));
     }
 
     // The text shown is the records' texts in order; the control gives its
@@ -167,7 +167,7 @@ public:
         }
         CString shown;
         m_session.view.GetWindowText(shown);
-        Check(std::string_view(shown.GetString(), static_cast<size_t>(shown.GetLength())) == expected);
+        FUZZ_CHECK(std::string_view(shown.GetString(), static_cast<size_t>(shown.GetLength())) == expected);
     }
 
     // A menu's "clear" empties the view; nothing else the user does changes

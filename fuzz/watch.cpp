@@ -28,6 +28,7 @@
 #include <string>
 
 #include "fuzz/support/front_bytes.h"
+#include "fuzz/support/fuzz_check.h"
 #include "fuzz/support/fuzzed_debugger.h"
 #include "host/resource_ids.h"
 #include "panes/dock_bar_watch.h"
@@ -55,11 +56,6 @@ constexpr RECT kEditableRect{0, 0, 240, 64};
 constexpr RECT kFixedRect{0, 64, 240, 120};
 // Columns as a user narrows them to fit; the last takes the rest.
 constexpr int kColumnWidths[kAttributeColumn] = {80, 50, 30};
-
-void Check(bool condition)
-{
-    if (!condition) std::abort();
-}
 
 enum Operation : std::uint8_t {
     kTypeExpression,   // over the input row (or a line), committed with Enter
@@ -94,7 +90,7 @@ struct Rig {
     Rig()
     {
         // The panes' menus and strings, as a host has them after loading the module.
-        Check(AfxLoadLibrary(DOCKPANES_MODULE_PATH) != nullptr);
+        FUZZ_CHECK(AfxLoadLibrary(DOCKPANES_MODULE_PATH) != nullptr);
         host.MoveWindow(CRect(kHostRect));
         service.CreateService(&host);
         editablePane.Create("watch", &host, CRect(kEditableRect), kFirstPaneId);
@@ -102,7 +98,7 @@ struct Rig {
         fixedPane.SetWatchNumb(kFixedWatchNumb);
         grids[0] = dynamic_cast<CWatchGridCtrl*>(CWnd::FromHandle(editablePane.GetViewHwnd()));
         grids[1] = dynamic_cast<CWatchGridCtrl*>(CWnd::FromHandle(fixedPane.GetViewHwnd()));
-        Check(grids[0] && grids[1] && grids[1]->fixedRows);
+        FUZZ_CHECK(grids[0] && grids[1] && grids[1]->fixedRows);
         for (CWatchGridCtrl* grid : grids) {
             for (int c = 0; c < kAttributeColumn; ++c) grid->SetColumnWidth(c, kColumnWidths[c]);
         }
@@ -114,7 +110,7 @@ struct Rig {
                 const int selected = grid->GetSelectedItem();
                 own = own || (selected != -1 && record == RecordOf(grid->GetRowAt(selected)));
             }
-            Check(own);
+            FUZZ_CHECK(own);
         };
     }
 
@@ -138,7 +134,7 @@ struct Rig {
         PlacePane(editablePane, kEditableRect);
         PlacePane(fixedPane, kFixedRect);
         grids[0]->EnsureInputRow();
-        Check(grids[0]->GetItemCount() == 1 && grids[1]->GetItemCount() == 0);
+        FUZZ_CHECK(grids[0]->GetItemCount() == 1 && grids[1]->GetItemCount() == 0);
         grids[0]->SetFocus();
         Drawing(false);
         host.Clear();
@@ -259,10 +255,10 @@ void QuickView(CWatchGridCtrl* grid, FrontBytes& input)
         record = RecordOf(row);
     }
     const WatchRecord before = *record;
-    Check(grid->SendMessage(UWM_WATCH_FORMAT_VALUE, reinterpret_cast<WPARAM>(buffer.get()),
+    FUZZ_CHECK(grid->SendMessage(UWM_WATCH_FORMAT_VALUE, reinterpret_cast<WPARAM>(buffer.get()),
                             reinterpret_cast<LPARAM>(record)) == 1);
-    Check(std::memchr(buffer.get(), '\0', kQuickViewBytes) != nullptr);
-    Check(std::memcmp(&before, record, sizeof before) == 0);
+    FUZZ_CHECK(std::memchr(buffer.get(), '\0', kQuickViewBytes) != nullptr);
+    FUZZ_CHECK(std::memcmp(&before, record, sizeof before) == 0);
 }
 
 void Expressions(CWatchGridCtrl* grid, FrontBytes& input)
@@ -271,7 +267,7 @@ void Expressions(CWatchGridCtrl* grid, FrontBytes& input)
     if (input.Byte() & 1) {
         grid->SendMessage(UWM_WATCH_EXPRESSIONS, reinterpret_cast<WPARAM>(&list), TRUE);
         // Every top-level row but the last (the input row of an editable watch).
-        Check(list.GetSize() == std::max(grid->Rows().GetSize() - 1, 0));
+        FUZZ_CHECK(list.GetSize() == std::max(grid->Rows().GetSize() - 1, 0));
         return;
     }
     const int n = input.Byte() % 4;
@@ -330,7 +326,7 @@ void Play(Rig& rig, CWatchGridCtrl*& grid, FrontBytes& input)
         fixed->SendMessage(UWM_WATCH_REFRESH, 0, 0);
         // The first n rows mirror the n entries, and nothing is left after them.
         if (rig.host.context.debuggerWindow) {
-            Check(fixed->Rows().GetSize() == std::clamp(rig.service.ListSize(), 0, kMaxWatchListEntries));
+            FUZZ_CHECK(fixed->Rows().GetSize() == std::clamp(rig.service.ListSize(), 0, kMaxWatchListEntries));
         }
         break;
     }
@@ -456,7 +452,7 @@ void CheckElementRows(Rig& rig)
     if (!array) return;
     for (CWatchGridCtrl* grid : rig.grids) {
         if (const CGridRow* row = FindRowOf(grid->Rows(), array)) {
-            Check(row->children.GetSize() <= rig.service.elementsAllowed);
+            FUZZ_CHECK(row->children.GetSize() <= rig.service.elementsAllowed);
             return;
         }
     }
@@ -467,7 +463,7 @@ void CheckChildCaps(const CGridRowArray& rows)
 {
     for (int i = 0; i < rows.GetSize(); ++i) {
         const CGridRow* row = rows.GetRow(i);
-        Check(row->children.GetSize() <= kMaxWatchChildren);
+        FUZZ_CHECK(row->children.GetSize() <= kMaxWatchChildren);
         CheckChildCaps(row->children);
     }
 }
@@ -484,13 +480,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size)
     for (int n = 0; n < kMaxOperations && !input.Empty(); ++n) {
         rig.service.elementsArray = nullptr;
         Play(rig, grid, input);
-        for (CWatchGridCtrl* each : rig.grids) Check(each->GetItemCount() == each->CountVisibleRows(each->Rows()));
+        for (CWatchGridCtrl* each : rig.grids) FUZZ_CHECK(each->GetItemCount() == each->CountVisibleRows(each->Rows()));
         CheckElementRows(rig);
     }
     rig.service.AnswerFrom(nullptr);
     for (CWatchGridCtrl* each : rig.grids) CheckChildCaps(each->Rows());
-    Check(rig.grids[1]->Rows().GetSize() <= kMaxWatchListEntries);
-    Check(GlobalMemory::BlockCount() == rig.blocksAtStart);
+    FUZZ_CHECK(rig.grids[1]->Rows().GetSize() <= kMaxWatchListEntries);
+    FUZZ_CHECK(GlobalMemory::BlockCount() == rig.blocksAtStart);
     // Freed within the input that made them, so that a leak shows as one.
     rig.Reset();
     return 0;

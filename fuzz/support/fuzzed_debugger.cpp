@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "fuzz/support/fuzz_check.h"
+
 namespace {
 
 // A record or list entry given as raw bytes instead of field by field.
@@ -13,11 +15,6 @@ constexpr std::uint8_t kRawForm = 0xFF;
 constexpr std::uint8_t kHostileCodes = 0xF0;
 // Counts from here up are the largest: rare, since each costs 64 Ki rows.
 constexpr std::uint8_t kHugeCountCodes = 0xFB;
-
-void Check(bool condition)
-{
-    if (!condition) std::abort();
-}
 
 // Small counts mostly, now and then one a service should never give, and
 // rarely one past every cap.
@@ -157,8 +154,8 @@ std::int32_t FuzzedDebugger::ReadCount()
 void FuzzedDebugger::Evaluate(const char* expression, WatchRecord* record)
 {
     // The watch always hands over a terminated text and a record to fill.
-    Check(record != nullptr);
-    Check(std::strlen(expression) < 0x100000);
+    FUZZ_CHECK(record != nullptr);
+    FUZZ_CHECK(std::strlen(expression) < 0x100000);
     if (ReadRecord(*record)) return;
     *record = WatchRecord{};
     record->errorId = WERR_UNDEFINED;
@@ -169,7 +166,7 @@ void FuzzedDebugger::Answer(unsigned code, LPARAM lParam)
     switch (code) {
     case DRQ_WRITE_VALUE: {
         auto* record = reinterpret_cast<WatchRecord*>(lParam);
-        Check(record != nullptr);
+        FUZZ_CHECK(record != nullptr);
         if (onWrite) onWrite(record);
         // A service may rewrite what it was asked to write.
         if (m_input && !m_input->Empty() && m_input->Byte() == kRawForm) ReadRecord(*record);
@@ -177,15 +174,15 @@ void FuzzedDebugger::Answer(unsigned code, LPARAM lParam)
     }
     case DRQ_GET_COUNT: {
         auto* record = reinterpret_cast<WatchRecord*>(lParam);
-        Check(record != nullptr);
+        FUZZ_CHECK(record != nullptr);
         record->count = ReadCount();
         return;
     }
     case DRQ_GET_MEMBER: {
         auto* record = reinterpret_cast<WatchRecord*>(lParam);
-        Check(record != nullptr);
+        FUZZ_CHECK(record != nullptr);
         // The member index: never past the cap, whatever count was answered.
-        Check(record->count >= 0 && record->count < kMaxWatchChildren);
+        FUZZ_CHECK(record->count >= 0 && record->count < kMaxWatchChildren);
         if (ReadRecord(*record)) return;
         *record = WatchRecord{};
         record->errorId = WERR_READ_FAILED;
@@ -193,13 +190,13 @@ void FuzzedDebugger::Answer(unsigned code, LPARAM lParam)
     }
     case DRQ_READ_VALUE: {
         auto* record = reinterpret_cast<WatchRecord*>(lParam);
-        Check(record != nullptr);
+        FUZZ_CHECK(record != nullptr);
         ReadValue(*record);
         return;
     }
     case DRQ_GET_LIST_SIZE: {
         auto* size = reinterpret_cast<std::int32_t*>(lParam);
-        Check(size != nullptr && *size == 0);
+        FUZZ_CHECK(size != nullptr && *size == 0);
         m_listSize = ReadCount();
         *size = m_listSize;
         return;
@@ -208,12 +205,12 @@ void FuzzedDebugger::Answer(unsigned code, LPARAM lParam)
         FillList(reinterpret_cast<WatchListEntry*>(lParam));
         return;
     case DRQ_SHOW_MEMORY:
-        Check(lParam != 0);
-        Check(std::strlen(reinterpret_cast<const char*>(lParam)) < 0x100000);
+        FUZZ_CHECK(lParam != 0);
+        FUZZ_CHECK(std::strlen(reinterpret_cast<const char*>(lParam)) < 0x100000);
         return;
     case DRQ_GET_ELEMENTS: {
         auto* block = reinterpret_cast<ElementBlock*>(lParam);
-        Check(block != nullptr);
+        FUZZ_CHECK(block != nullptr);
         FillElements(*block);
         return;
     }
@@ -244,7 +241,7 @@ void FuzzedDebugger::FillList(WatchListEntry* entries)
     // Never more entries than the size answered, nor than the watch takes:
     // writing more would be the service's own overrun.
     const std::int32_t n = std::clamp(m_listSize, 0, kMaxWatchListEntries);
-    Check(n == 0 || entries != nullptr);
+    FUZZ_CHECK(n == 0 || entries != nullptr);
     for (std::int32_t i = 0; i < n; ++i) {
         if (!ReadListEntry(entries[i])) return;
     }
@@ -253,10 +250,10 @@ void FuzzedDebugger::FillList(WatchListEntry* entries)
 void FuzzedDebugger::FillElements(ElementBlock& block)
 {
     // The watch's half of the block, as the protocol has it on entry.
-    Check(block.array != nullptr && block.element != nullptr);
-    Check(block.data == nullptr && block.valid == nullptr);
+    FUZZ_CHECK(block.array != nullptr && block.element != nullptr);
+    FUZZ_CHECK(block.data == nullptr && block.valid == nullptr);
     static const WatchRecord kZero{};
-    Check(std::memcmp(block.element, &kZero, sizeof kZero) == 0);
+    FUZZ_CHECK(std::memcmp(block.element, &kZero, sizeof kZero) == 0);
     std::uint8_t form = 0;
     if (!m_input || !m_input->Next(form)) return;
     if (!ReadRecord(*block.element)) return;

@@ -2,11 +2,12 @@
 
 #include <array>
 
+#include "fuzz/support/fuzz_check.h"
+#include "platform/core/message_box.h"
 #include "platform/core/module.h"
 #include "platform/core/paint.h"
 #include "platform/input/input.h"
 #include "platform/menu/menu_driver.h"
-#include "platform/core/message_box.h"
 #include "siblings/orv_project_misc.h"
 
 namespace FuzzViews {
@@ -40,7 +41,7 @@ unsigned ReadModifiers(OpStream& ops)
 void LoadPanesModule()
 {
     static const HINSTANCE module = AfxLoadLibrary(DOCKPANES_MODULE_PATH);
-    Check(module != nullptr);
+    FUZZ_CHECK(module != nullptr);
 }
 
 void BeginInput(TestHost& host, TestPane& pane)

@@ -3,25 +3,15 @@
 // gestures read from the input.
 #pragma once
 
-#include <cstdio>
-#include <cstdlib>
 #include <span>
 
+#include "fuzz/support/fuzz_check.h"
 #include "fuzz/support/op_stream.h"
 #include "platform/core/wnd.h"
 #include "tests/support/test_host.h"
 #include "tests/support/test_pane.h"
 
 namespace FuzzViews {
-
-// A broken promise of the code under test: libFuzzer reports the abort,
-// and the line says which promise it was.
-inline void Check(bool condition, const char* file = __builtin_FILE(), int line = __builtin_LINE())
-{
-    if (condition) return;
-    std::fprintf(stderr, "check failed: %s:%d\n", file, line);
-    std::abort();
-}
 
 // Loads the panes module once, as a host does, so that the views' menus
 // and strings are found.
@@ -38,7 +28,7 @@ void HostView(TestHost& host, TestPane& pane, View& view, const CRect& rect)
     host.MoveWindow(0, 0, rect.right + 60, rect.bottom + 60);
     pane.view = &view;
     pane.onContextMenu = [&view](CPoint point) { view.ShowMenu(point); };
-    Check(pane.CreatePane(&host, rect) && view.Create(&pane));
+    FUZZ_CHECK(pane.CreatePane(&host, rect) && view.Create(&pane));
     pane.MoveWindow(rect.left, rect.top, rect.Width(), rect.Height());
 }
 
