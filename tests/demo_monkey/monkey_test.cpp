@@ -21,6 +21,7 @@
 #include "platform/menu/menu_driver.h"
 #include "tests/demo_monkey/crash_note.h"
 #include "tests/demo_monkey/monkey.h"
+#include "tests/demo_tour/ide_frame_suite.h"
 
 namespace {
 
@@ -40,21 +41,8 @@ long FromEnvironment(const char* name, long otherwise)
     return *end == '\0' && value >= 0 ? value : otherwise;
 }
 
-class DemoMonkey : public ::testing::Test {
+class DemoMonkey : public IdeFrameSuite {
 protected:
-    static void SetUpTestSuite()
-    {
-        s_app = new CWinApp("monkey test");
-        s_module = AfxLoadLibrary(DOCKPANES_MODULE_PATH);
-        s_project = new SampleProject(DEMO_SAMPLE_DIR);
-    }
-    static void TearDownTestSuite()
-    {
-        delete s_project;
-        if (s_module) AfxFreeLibrary(s_module);
-        delete s_app;
-    }
-
     void SetUp() override
     {
         MenuDriver::Reset();
@@ -111,10 +99,6 @@ protected:
         EXPECT_NE(ide.Project().FileAt(ide.source.Path()), nullptr) << "the source view shows no project file";
     }
 
-    static inline CWinApp* s_app = nullptr;
-    static inline HINSTANCE s_module = nullptr;
-    static inline SampleProject* s_project = nullptr;
-    CIdeFrame ide{*s_project};
     std::filesystem::path m_temp;
 };
 

@@ -9,6 +9,7 @@
 #include "platform/core/thread.h"
 #include "platform/input/input.h"
 #include "platform/menu/menu_driver.h"
+#include "tests/demo_tour/ide_frame_suite.h"
 
 namespace {
 
@@ -22,21 +23,8 @@ int MarkCount(const CBreakPointList& list)
     return count;
 }
 
-class IdeFrameTest : public ::testing::Test {
+class IdeFrameTest : public IdeFrameSuite {
 protected:
-    static void SetUpTestSuite()
-    {
-        s_app = new CWinApp("ide frame test");
-        s_module = AfxLoadLibrary(DOCKPANES_MODULE_PATH);
-        s_project = new SampleProject(DEMO_SAMPLE_DIR);
-    }
-    static void TearDownTestSuite()
-    {
-        delete s_project;
-        if (s_module) AfxFreeLibrary(s_module);
-        delete s_app;
-    }
-
     void SetUp() override
     {
         MenuDriver::Reset();
@@ -50,10 +38,6 @@ protected:
 
     static std::string PathOf(const char* name) { return SampleProject::kFolder + std::string(name); }
 
-    static inline CWinApp* s_app = nullptr;
-    static inline HINSTANCE s_module = nullptr;
-    static inline SampleProject* s_project = nullptr;
-    CIdeFrame ide{*s_project};
 };
 
 TEST_F(IdeFrameTest, OpensTheProjectWithItsMarksAndMain)
