@@ -21,6 +21,7 @@
 #include "fuzz/support/view_session.h"
 #include "host/resource_ids.h"
 #include "output/message_edit_ctrl.h"
+#include "platform/controls/rich_edit_text.h"
 #include "platform/menu/menu_driver.h"
 #include "platform/text/field_text.h"
 #include "siblings/orv_project_misc.h"
@@ -45,33 +46,6 @@ struct Session {
     TestPane pane;
     CMessageEditCtrl view;
 };
-
-// A piece of text as the rich edit control keeps it: each line break
-// ("\r\n", "\n" or "\r") as one "\r", a GBK lead byte with no character
-// byte after it on its line as '?'.
-std::string AsStored(std::string_view text)
-{
-    const auto isBreak = [](char c) { return c == '\r' || c == '\n'; };
-    std::string stored;
-    for (size_t i = 0; i < text.size(); ++i) {
-        const char c = text[i];
-        const auto byte = static_cast<unsigned char>(c);
-        if (isBreak(c)) {
-            if (c == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
-            stored += '\r';
-        } else if (byte >= 0x81 && byte <= 0xFE) {
-            if (i + 1 < text.size() && !isBreak(text[i + 1])) {
-                stored += c;
-                stored += text[++i];
-            } else {
-                stored += '?';
-            }
-        } else {
-            stored += c;
-        }
-    }
-    return stored;
-}
 
 // The levels a host might send, the bad ones first.
 std::int32_t ReadLevel(OpStream& ops, unsigned choice)
@@ -121,11 +95,11 @@ public:
         std::string text(FieldText(record->text));
         if (prepend) {
             m_kept.push_front(kept);
-            m_stored.insert(0, AsStored(text));
+            m_stored.insert(0, richedit::NormalizeInput(text, false));
         } else {
             m_kept.push_back(kept);
             text.insert(0, static_cast<size_t>(kBlanksPerLevel * std::clamp(record->level, 0, kMaxIndentLevel)), ' ');
-            m_stored.append(AsStored(text));
+            m_stored.append(richedit::NormalizeInput(text, false));
         }
     }
 
