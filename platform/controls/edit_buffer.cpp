@@ -17,18 +17,41 @@ void Buffer::SetLimit(int limit)
     m_limit = limit <= 0 ? kMaxLimit : std::min(limit, kMaxLimit);
 }
 
+const std::vector<int>& Buffer::Starts() const
+{
+    if (m_startsValid) return m_starts;
+    m_starts.clear();
+    for (size_t at = 0; at < m_text.size(); at += static_cast<size_t>(GbkCharLength(m_text, at))) {
+        m_starts.push_back(static_cast<int>(at));
+    }
+    m_starts.push_back(Length());
+    m_startsValid = true;
+    return m_starts;
+}
+
+int Buffer::IndexOf(long long pos) const
+{
+    const std::vector<int>& starts = Starts();
+    if (pos <= 0) return 0;
+    if (pos >= Length()) return static_cast<int>(starts.size()) - 1;
+    return static_cast<int>(std::upper_bound(starts.begin(), starts.end(), pos) - starts.begin()) - 1;
+}
+
 int Buffer::Snap(long long pos) const
 {
-    if (pos <= 0) return 0;
-    if (pos >= Length()) return Length();
-    // Trail bytes look like lead bytes, so boundaries are found from the start.
-    size_t at = 0;
-    while (at < m_text.size()) {
-        const size_t next = at + static_cast<size_t>(GbkCharLength(m_text, at));
-        if (next > static_cast<size_t>(pos)) break;
-        at = next;
-    }
-    return static_cast<int>(at);
+    return Starts()[static_cast<size_t>(IndexOf(pos))];
+}
+
+int Buffer::CharCount(long long from, long long to) const
+{
+    return std::max(0, IndexOf(to) - IndexOf(from));
+}
+
+int Buffer::CharStart(long long index) const
+{
+    const std::vector<int>& starts = Starts();
+    if (index <= 0) return 0;
+    return index >= static_cast<long long>(starts.size()) ? Length() : starts[static_cast<size_t>(index)];
 }
 
 int Buffer::PrevChar(int pos) const
@@ -103,6 +126,7 @@ bool Buffer::ReplaceSelection(std::string_view text, bool honourLimit, bool save
     if (start == end && keep == 0) return false;
     if (saveUndo) SaveUndo();
     m_text.replace(static_cast<size_t>(start), static_cast<size_t>(end - start), text.substr(0, keep));
+    Changed();
     m_caret = m_anchor = start + static_cast<int>(keep);
     return true;
 }
@@ -110,6 +134,7 @@ bool Buffer::ReplaceSelection(std::string_view text, bool honourLimit, bool save
 void Buffer::SetText(std::string_view text)
 {
     m_text.assign(text);
+    Changed();
     m_caret = m_anchor = 0;
 }
 
@@ -126,6 +151,7 @@ bool Buffer::Undo()
     if (!m_canUndo) return false;
     // Undoing again redoes, as the platform's single-level undo does.
     std::swap(m_text, m_undoText);
+    Changed();
     std::swap(m_caret, m_undoCaret);
     std::swap(m_anchor, m_undoAnchor);
     m_caret = Snap(m_caret);

@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace edit {
 
@@ -37,6 +38,13 @@ public:
     int WordStart(int pos) const;
     int WordRight(int pos) const;
 
+    // Counting characters, for measuring: CharCount is the number in
+    // [Snap(from), Snap(to)); CharStart(i) the position of the i-th
+    // (Length() from the count on).
+    int CharCount(long long from, long long to) const;
+    int CharStart(long long index) const;
+    int Chars() const { return static_cast<int>(Starts().size()) - 1; }
+
     // Sets both ends, snapped.
     void Select(long long anchor, long long caret);
     // Puts the caret at pos; with extend the anchor stays.
@@ -64,11 +72,20 @@ private:
     // walking back would need a pass for each character.
     WordStarts WordStartsBefore(long long pos) const;
     void SaveUndo();
+    void Changed() { m_startsValid = false; }
+    // The start of every character, then Length(); made on first use after
+    // a change. Trail bytes look like lead bytes, so without it every snap
+    // and every measure would walk the text from its start.
+    const std::vector<int>& Starts() const;
+    // Index of the character at Snap(pos).
+    int IndexOf(long long pos) const;
 
     std::string m_text;
     int m_caret = 0;
     int m_anchor = 0;
     int m_limit = kDefaultLimit;
+    mutable std::vector<int> m_starts;
+    mutable bool m_startsValid = false;
 
     bool m_canUndo = false;
     std::string m_undoText;

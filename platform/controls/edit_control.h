@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/controls/edit.h"
 #include "platform/controls/edit_buffer.h"
@@ -18,6 +19,8 @@ namespace edit {
 constexpr int kHorizontalMargin = 2;
 constexpr int kTopMargin = 1;
 constexpr int kCaretWidth = 1;
+// Widths stop here, far beyond any surface, so that callers can add to them.
+constexpr long long kMaxTextWidth = 1 << 28;
 // When the caret leaves the view, the text scrolls so that the caret lands
 // this fraction of the width in from the edge it left by.
 constexpr int kScrollDivisor = 3;
@@ -30,6 +33,25 @@ inline int ShownAdvance(const gdi::FontMetrics& font, bool password, int bytes)
 {
     return font.Advance(password ? 1 : bytes);
 }
+
+// Measures the buffer's text as shown, counting characters in its index:
+// nothing walks the text, so a paint of a long text costs what shows.
+struct Ruler {
+    const Buffer& buffer;
+    gdi::FontMetrics font;
+    bool password;
+
+    // What `chars` characters of `bytes` bytes advance: characters take one
+    // or two bytes, so the surplus of bytes counts the wide ones.
+    long long Width(long long chars, long long bytes) const
+    {
+        if (password) return chars * ShownAdvance(font, true, 1);
+        const long long wide = bytes - chars;
+        return (chars - wide) * font.Advance(1) + wide * font.Advance(2);
+    }
+    // Offset of the index-th character from the text's start.
+    long long Left(int index) const { return Width(index, buffer.CharStart(index)); }
+};
 
 class EditControl {
 public:
@@ -77,13 +99,20 @@ private:
     HGDIOBJ FontHandle() const;
     gdi::FontMetrics Font() const;
     CRect FormatRect() const;
+    Ruler MakeRuler() const { return Ruler{m_buffer, Font(), Has(ES_PASSWORD)}; }
     // Width of text[from, to) as shown.
     int Width(int from, int to) const;
     // Client x of the text's start and of a position.
     int TextLeft() const;
     int XOf(int pos) const;
+    // The first character index for which past(index) holds, past being
+    // false and then true along the text; the count when it never holds.
+    template <class Past>
+    int FirstChar(Past past) const;
     // The character boundary nearest a client x.
     int PosFromX(int x) const;
+    // The positions around the characters that meet client columns [clipLeft, clipRight).
+    std::pair<int, int> ShownRange(int clipLeft, int clipRight) const;
     // Scrolls so the caret shows (with ES_AUTOHSCROLL), keeping the view filled.
     void ScrollToCaret();
     // The widest text that can be shown without ES_AUTOHSCROLL.

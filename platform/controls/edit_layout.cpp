@@ -32,19 +32,10 @@ CRect EditControl::FormatRect() const
 
 int EditControl::Width(int from, int to) const
 {
-    const std::string& text = m_buffer.Text();
-    from = std::clamp(from, 0, m_buffer.Length());
-    to = std::clamp(to, from, m_buffer.Length());
-    const gdi::FontMetrics font = Font();
-    const bool password = Has(ES_PASSWORD);
-    if (!password) return gdi::TextWidth(font, std::string_view(text).substr(static_cast<size_t>(from), static_cast<size_t>(to - from)));
-    int width = 0;
-    for (size_t at = static_cast<size_t>(from); at < static_cast<size_t>(to);) {
-        const int bytes = GbkCharLength(text, at);
-        width += ShownAdvance(font, password, bytes);
-        at += static_cast<size_t>(bytes);
-    }
-    return width;
+    from = m_buffer.Snap(from);
+    to = m_buffer.Snap(std::max(from, to));
+    const long long width = MakeRuler().Width(m_buffer.CharCount(from, to), to - from);
+    return static_cast<int>(std::min<long long>(width, kMaxTextWidth));
 }
 
 int EditControl::TextLeft() const
@@ -65,22 +56,35 @@ int EditControl::XOf(int pos) const
     return TextLeft() + Width(0, m_buffer.Snap(pos));
 }
 
+template <class Past>
+int EditControl::FirstChar(Past past) const
+{
+    int low = 0;
+    int high = m_buffer.Chars();
+    while (low < high) {
+        const int mid = low + (high - low) / 2;
+        if (past(mid)) high = mid;
+        else low = mid + 1;
+    }
+    return low;
+}
+
 int EditControl::PosFromX(int x) const
 {
-    const std::string& text = m_buffer.Text();
-    const gdi::FontMetrics font = Font();
-    const bool password = Has(ES_PASSWORD);
-    int left = TextLeft();
-    size_t at = 0;
-    while (at < text.size()) {
-        const int bytes = GbkCharLength(text, at);
-        const int right = left + ShownAdvance(font, password, bytes);
-        // Past the middle of a character the nearer boundary is after it.
-        if (x < (left + right + 1) / 2) break;
-        left = right;
-        at += static_cast<size_t>(bytes);
-    }
-    return static_cast<int>(at);
+    const long long left = TextLeft();
+    const Ruler ruler = MakeRuler();
+    // Past the middle of a character the nearer boundary is after it.
+    const int index = FirstChar([&](int i) { return x < (2 * left + ruler.Left(i) + ruler.Left(i + 1) + 1) / 2; });
+    return m_buffer.CharStart(index);
+}
+
+std::pair<int, int> EditControl::ShownRange(int clipLeft, int clipRight) const
+{
+    const long long left = TextLeft();
+    const Ruler ruler = MakeRuler();
+    const int first = FirstChar([&](int i) { return left + ruler.Left(i + 1) > clipLeft; });
+    const int end = FirstChar([&](int i) { return left + ruler.Left(i) >= clipRight; });
+    return {m_buffer.CharStart(first), m_buffer.CharStart(std::max(first, end))};
 }
 
 void EditControl::ScrollToCaret()

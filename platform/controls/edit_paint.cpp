@@ -2,6 +2,8 @@
 // shows, and the caret while the control has the focus.
 #include "platform/controls/edit_control.h"
 
+#include <algorithm>
+
 #include "platform/gdi/dc.h"
 #include "platform/gdi/sys_color.h"
 #include "platform/text/gbk.h"
@@ -37,18 +39,24 @@ void EditControl::Paint(CDC& dc)
     const int saved = dc.SaveDC();
     if (CFont* font = CFont::FromHandle(FontHandle())) dc.SelectObject(font);
     dc.SetBkMode(TRANSPARENT);
-    dc.IntersectClipRect(client.left + kHorizontalMargin, client.top, client.right - kHorizontalMargin, client.bottom);
+    const int clipLeft = client.left + kHorizontalMargin;
+    const int clipRight = client.right - kHorizontalMargin;
+    dc.IntersectClipRect(clipLeft, client.top, clipRight, client.bottom);
 
-    const std::string all = Shown(0, m_buffer.Length());
+    // Only the characters that meet the clip are drawn, however long the text.
+    const auto [first, end] = ShownRange(clipLeft, clipRight);
+    const std::string shown = Shown(first, end);
     dc.SetTextColor(GetSysColor(enabled ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT));
-    dc.TextOut(TextLeft(), rect.top, all.c_str(), static_cast<int>(all.size()));
+    dc.TextOut(XOf(first), rect.top, shown.c_str(), static_cast<int>(shown.size()));
 
     if (ShowsSelection()) {
         const CRect selection(XOf(m_buffer.SelStart()), rect.top, XOf(m_buffer.SelEnd()), rect.bottom);
         dc.FillSolidRect(&selection, GetSysColor(COLOR_HIGHLIGHT));
-        const std::string selected = Shown(m_buffer.SelStart(), m_buffer.SelEnd());
+        const int from = std::max(m_buffer.SelStart(), first);
+        const int to = std::min(m_buffer.SelEnd(), end);
+        const std::string selected = from < to ? Shown(from, to) : std::string();
         dc.SetTextColor(GetSysColor(COLOR_HIGHLIGHTTEXT));
-        dc.TextOut(selection.left, rect.top, selected.c_str(), static_cast<int>(selected.size()));
+        dc.TextOut(XOf(from), rect.top, selected.c_str(), static_cast<int>(selected.size()));
     }
     if (::GetFocus() == Hwnd() && enabled) {
         const int x = XOf(m_buffer.Caret());

@@ -2,6 +2,9 @@
 // characters, keys and the mouse select, the clipboard takes and gives text,
 // and scrolling keeps the caret in view.
 #include "edit_test_support.h"
+#include "platform/core/paint_dc.h"
+#include "platform/gdi/bitmap.h"
+#include "platform/gdi/dc.h"
 #include "tests/support/clipboard_text.h"
 
 using edit_test::EditFixture;
@@ -195,4 +198,70 @@ TEST_F(EditSelection, SelectionAndCaretShowOnlyWithTheFocus)
     other.SetFocus();
     Paint::UpdateAllWindows();
     EXPECT_EQ(Pixel(x, rect.top + 1), Sys(COLOR_WINDOW));
+}
+
+// A long text of narrow and wide characters: positions and hits are counted
+// from the text's start however far it is scrolled, and the part that shows
+// is drawn exactly as the whole text drawn under the same clip would be.
+TEST_F(EditSelection, ALongMixedTextMeasuresAndPaintsOnlyWhatShows)
+{
+    Make();
+    const std::string zhong = GBK(u8"中");
+    std::string text;
+    for (int i = 0; i < 400; ++i) text += "a" + zhong;  // 1200 bytes, 9600 pixels
+    edit.SetWindowText(text.c_str());
+    edit.SetSel(-1, 0);
+    Input::Key(VK_END);
+    CRect rect;
+    edit.GetRect(&rect);
+    const int start = edit.PosFromChar(0).x;
+    ASSERT_LT(start, rect.left - 9000);
+    const int end = edit.PosFromChar(static_cast<UINT>(text.size())).x;
+    EXPECT_GE(end, rect.left);
+    EXPECT_LT(end, rect.right);
+    EXPECT_EQ(end - start, 400 * 3 * kCharWidth);
+    // Position 3k + 2 is inside a wide character: it snaps to its start.
+    for (const int k : {0, 1, 250, 399}) {
+        EXPECT_EQ(edit.PosFromChar(static_cast<UINT>(3 * k + 1)).x - start, 3 * k * kCharWidth + kCharWidth);
+        EXPECT_EQ(edit.PosFromChar(static_cast<UINT>(3 * k + 2)).x - start, 3 * k * kCharWidth + kCharWidth);
+    }
+    // A hit left of a wide character's middle lands before it, right of it after.
+    const int wide = static_cast<int>(text.size()) - 2;
+    const int wideX = edit.PosFromChar(static_cast<UINT>(wide)).x;
+    EXPECT_EQ(edit.CharFromPos(CPoint(wideX + kCharWidth - 1, rect.top)), wide);
+    EXPECT_EQ(edit.CharFromPos(CPoint(wideX + kCharWidth + 1, rect.top)), wide + 2);
+
+    // Drawn as the whole text under the same clip would be, wherever the
+    // clip cuts a character.
+    CRect client;
+    edit.GetClientRect(&client);
+    const auto expectPaintedAsWhole = [&](int caret) {
+        edit.SetFocus();
+        edit.SetSel(caret, caret);
+        other.SetFocus();  // no caret: the text alone
+        Paint::UpdateAllWindows();
+        CClientDC like(&edit);
+        CBitmap bitmap;
+        CDC whole;
+        ASSERT_TRUE(bitmap.CreateCompatibleBitmap(&like, client.Width(), client.Height()));
+        ASSERT_TRUE(whole.CreateCompatibleDC(&like));
+        whole.SelectObject(&bitmap);
+        whole.SelectStockObject(SYSTEM_FONT);
+        whole.FillSolidRect(&client, GetSysColor(COLOR_WINDOW));
+        whole.SetBkMode(TRANSPARENT);
+        whole.SetTextColor(GetSysColor(COLOR_WINDOWTEXT));
+        whole.IntersectClipRect(rect.left, client.top, rect.right, client.bottom);
+        whole.TextOut(edit.PosFromChar(0).x, rect.top, text.c_str(), static_cast<int>(text.size()));
+        int differing = 0;
+        int ink = 0;
+        for (int y = client.top; y < client.bottom; ++y) {
+            for (int x = client.left; x < client.right; ++x) {
+                differing += Pixel(x, y) != bitmap.GetSurface()->GetPixel(x, y);
+                ink += Pixel(x, y) == Sys(COLOR_WINDOWTEXT);
+            }
+        }
+        EXPECT_EQ(differing, 0) << "caret " << caret;
+        EXPECT_GT(ink, 0) << "caret " << caret;
+    };
+    for (const int caret : {static_cast<int>(text.size()), 600, 301, 903, 1}) expectPaintedAsWhole(caret);
 }
