@@ -151,6 +151,8 @@ private:
     CGridComboBox m_combo;
     CDC m_memDC;
     CBitmap m_rowBitmap;
+    CSize m_rowBitmapSize;
+    int m_rowBitmapDepth = 0;
     int m_currentColumn = 0;
     CGridRowArray m_rows;
     std::array<COLORREF, kColourCount> m_colours{};

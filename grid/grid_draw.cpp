@@ -62,8 +62,16 @@ void CGridCtrl::DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct)
     if (!target) return;
     const int item = static_cast<int>(lpDrawItemStruct->itemID);
     const GridLineGeometry g = Geometry();
-    m_rowBitmap.DeleteObject();
-    m_rowBitmap.CreateCompatibleBitmap(target, g.buffer.Width() + 1, g.height + 1);
+    // Lines of a paint share one size: the bitmap is made again only when
+    // the lines' size or the target's depth changes.
+    const CSize size(g.buffer.Width() + 1, g.height + 1);
+    const int depth = target->GetDeviceCaps(BITSPIXEL);
+    if (!m_rowBitmap.GetSafeHandle() || size != m_rowBitmapSize || depth != m_rowBitmapDepth) {
+        m_rowBitmap.DeleteObject();
+        m_rowBitmap.CreateCompatibleBitmap(target, size.cx, size.cy);
+        m_rowBitmapSize = size;
+        m_rowBitmapDepth = depth;
+    }
     CBitmap* oldBitmap = m_memDC.SelectObject(&m_rowBitmap);
     CFont* oldFont = m_memDC.SelectObject(&m_font);
     CPen pen(PS_SOLID, 1, m_colours[kGridLine]);
