@@ -23,7 +23,7 @@ struct LongLine {
         while (static_cast<int>(text.size()) < bytes) text += "a\xD6\xD0";
         edit.SetWindowText(text.c_str());
         edit.SetFocus();
-        edit.SetSel(-1, -1);
+        edit.SetSel(static_cast<int>(text.size()), static_cast<int>(text.size()));
         Paint::UpdateAllWindows();
     }
     ~LongLine()

@@ -19,13 +19,16 @@ void Buffer::SetLimit(int limit)
 
 const std::vector<int>& Buffer::Starts() const
 {
-    if (m_startsValid) return m_starts;
-    m_starts.clear();
-    for (size_t at = 0; at < m_text.size(); at += static_cast<size_t>(GbkCharLength(m_text, at))) {
-        m_starts.push_back(static_cast<int>(at));
-    }
+    if (m_staleFrom == kIndexed) return m_starts;
+    // Characters before the change stand. The last of them is read again: a
+    // change may begin inside it when an earlier one left a lead byte unpaired.
+    auto stale = std::lower_bound(m_starts.begin(), m_starts.end(), m_staleFrom);
+    if (stale != m_starts.begin()) --stale;
+    size_t at = stale != m_starts.end() ? static_cast<size_t>(*stale) : 0;
+    m_starts.erase(stale, m_starts.end());
+    for (; at < m_text.size(); at += static_cast<size_t>(GbkCharLength(m_text, at))) m_starts.push_back(static_cast<int>(at));
     m_starts.push_back(Length());
-    m_startsValid = true;
+    m_staleFrom = kIndexed;
     return m_starts;
 }
 
@@ -126,7 +129,7 @@ bool Buffer::ReplaceSelection(std::string_view text, bool honourLimit, bool save
     if (start == end && keep == 0) return false;
     if (saveUndo) SaveUndo();
     m_text.replace(static_cast<size_t>(start), static_cast<size_t>(end - start), text.substr(0, keep));
-    Changed();
+    Changed(start);
     m_caret = m_anchor = start + static_cast<int>(keep);
     return true;
 }
@@ -134,7 +137,7 @@ bool Buffer::ReplaceSelection(std::string_view text, bool honourLimit, bool save
 void Buffer::SetText(std::string_view text)
 {
     m_text.assign(text);
-    Changed();
+    Changed(0);
     m_caret = m_anchor = 0;
 }
 
@@ -151,7 +154,7 @@ bool Buffer::Undo()
     if (!m_canUndo) return false;
     // Undoing again redoes, as the platform's single-level undo does.
     std::swap(m_text, m_undoText);
-    Changed();
+    Changed(0);
     std::swap(m_caret, m_undoCaret);
     std::swap(m_anchor, m_undoAnchor);
     m_caret = Snap(m_caret);

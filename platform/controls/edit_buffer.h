@@ -3,6 +3,7 @@
 // boundary, so nothing ever lands inside a double-byte character.
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -72,10 +73,12 @@ private:
     // walking back would need a pass for each character.
     WordStarts WordStartsBefore(long long pos) const;
     void SaveUndo();
-    void Changed() { m_startsValid = false; }
-    // The start of every character, then Length(); made on first use after
-    // a change. Trail bytes look like lead bytes, so without it every snap
-    // and every measure would walk the text from its start.
+    // The text changed from pos on.
+    void Changed(int pos) { m_staleFrom = std::min(m_staleFrom, pos); }
+    // The start of every character, then Length(); brought up to date on
+    // first use after a change, from the change on. Trail bytes look like
+    // lead bytes, so without it every snap and every measure would walk the
+    // text from its start.
     const std::vector<int>& Starts() const;
     // Index of the character at Snap(pos).
     int IndexOf(long long pos) const;
@@ -85,7 +88,9 @@ private:
     int m_anchor = 0;
     int m_limit = kDefaultLimit;
     mutable std::vector<int> m_starts;
-    mutable bool m_startsValid = false;
+    // Starts from here on are out of date; kIndexed when none is.
+    static constexpr int kIndexed = kMaxLimit + 1;
+    mutable int m_staleFrom = 0;
 
     bool m_canUndo = false;
     std::string m_undoText;

@@ -264,4 +264,12 @@ TEST_F(EditSelection, ALongMixedTextMeasuresAndPaintsOnlyWhatShows)
         EXPECT_GT(ink, 0) << "caret " << caret;
     };
     for (const int caret : {static_cast<int>(text.size()), 600, 301, 903, 1}) expectPaintedAsWhole(caret);
+
+    // A change in the middle: what follows it is counted anew.
+    edit.SetSel(600, 600);
+    edit.ReplaceSel(zhong.c_str());
+    EXPECT_EQ(edit.PosFromChar(601).x, edit.PosFromChar(600).x);  // inside the new wide character
+    EXPECT_EQ(edit.PosFromChar(static_cast<UINT>(text.size() + 2)).x - edit.PosFromChar(0).x, (400 * 3 + 2) * kCharWidth);
+    text.insert(600, zhong);
+    expectPaintedAsWhole(603);
 }
