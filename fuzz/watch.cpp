@@ -27,7 +27,7 @@
 #include <memory>
 #include <string>
 
-#include "fuzz/support/front_bytes.h"
+#include "fuzz/support/op_stream.h"
 #include "fuzz/support/fuzz_check.h"
 #include "fuzz/support/fuzzed_debugger.h"
 #include "host/resource_ids.h"
@@ -188,13 +188,13 @@ CDockBarWatch& PaneOf(Rig& rig, const CWatchGridCtrl* grid)
 }
 
 // A display line, or one past the last.
-int ReadLine(FrontBytes& input, CWatchGridCtrl* grid)
+int ReadLine(OpStream& input, CWatchGridCtrl* grid)
 {
     return input.Byte() % (grid->GetItemCount() + 1);
 }
 
 // Anywhere over the grid, its scroll bars and a little beyond.
-CPoint ReadPoint(FrontBytes& input)
+CPoint ReadPoint(OpStream& input)
 {
     const int x = input.Byte() * 3;
     const int y = input.Byte() * 3 / 2;
@@ -210,7 +210,7 @@ CPoint PointOnLine(CWatchGridCtrl* grid, int line)
 }
 
 // A value as a user might type it, or any bytes.
-std::string ReadValueText(FrontBytes& input)
+std::string ReadValueText(OpStream& input)
 {
     const std::uint8_t form = input.Byte();
     const std::uint32_t n = input.U32();
@@ -220,7 +220,7 @@ std::string ReadValueText(FrontBytes& input)
     case 1: std::snprintf(text, sizeof text, "%XH", n); return text;
     case 2: std::snprintf(text, sizeof text, "0x%x", n); return text;
     case 3: std::snprintf(text, sizeof text, "%d.%u", static_cast<int>(n) >> 8, n & 0xFF); return text;
-    default: return input.Text(kMaxTextBytes);
+    default: return input.ShortText(kMaxTextBytes);
     }
 }
 
@@ -241,7 +241,7 @@ void EditCell(CWatchGridCtrl* grid, int line, int column, const std::string& tex
     Input::Key(VK_RETURN);
 }
 
-void QuickView(CWatchGridCtrl* grid, FrontBytes& input)
+void QuickView(CWatchGridCtrl* grid, OpStream& input)
 {
     // Exactly the host's buffer, so a byte past it is a report.
     auto buffer = std::make_unique<char[]>(kQuickViewBytes);
@@ -261,7 +261,7 @@ void QuickView(CWatchGridCtrl* grid, FrontBytes& input)
     FUZZ_CHECK(std::memcmp(&before, record, sizeof before) == 0);
 }
 
-void Expressions(CWatchGridCtrl* grid, FrontBytes& input)
+void Expressions(CWatchGridCtrl* grid, OpStream& input)
 {
     CStringArray list;
     if (input.Byte() & 1) {
@@ -271,11 +271,11 @@ void Expressions(CWatchGridCtrl* grid, FrontBytes& input)
         return;
     }
     const int n = input.Byte() % 4;
-    for (int i = 0; i < n; ++i) list.Add(input.Text(kMaxTextBytes).c_str());
+    for (int i = 0; i < n; ++i) list.Add(input.ShortText(kMaxTextBytes).c_str());
     grid->SendMessage(UWM_WATCH_EXPRESSIONS, reinterpret_cast<WPARAM>(&list), FALSE);
 }
 
-void Menu(Rig& rig, CWatchGridCtrl* grid, FrontBytes& input)
+void Menu(Rig& rig, CWatchGridCtrl* grid, OpStream& input)
 {
     static constexpr UINT kCommands[] = {
         ID_WATCH_DELETE, ID_WATCH_CLEAR, ID_WATCH_FORMAT_BIN, ID_WATCH_FORMAT_DEC, ID_WATCH_FORMAT_HEX,
@@ -295,7 +295,7 @@ void Menu(Rig& rig, CWatchGridCtrl* grid, FrontBytes& input)
     MenuDriver::Reset();
 }
 
-void Play(Rig& rig, CWatchGridCtrl*& grid, FrontBytes& input)
+void Play(Rig& rig, CWatchGridCtrl*& grid, OpStream& input)
 {
     static constexpr UINT kKeys[16] = {
         VK_RETURN, VK_ESCAPE, VK_UP, VK_DOWN, VK_LEFT, VK_RIGHT, VK_INSERT, VK_DELETE,
@@ -306,12 +306,12 @@ void Play(Rig& rig, CWatchGridCtrl*& grid, FrontBytes& input)
         const std::uint8_t where = input.Byte();
         const int line = where & 1 ? where % (grid->GetItemCount() + 1) : grid->GetItemCount() - 1;
         SelectCell(grid, line, 0);
-        Input::Type(input.Text(kMaxTextBytes));
+        Input::Type(input.ShortText(kMaxTextBytes));
             Input::Key(VK_RETURN);
         break;
     }
     case kHostAdd: {
-        const std::string text = input.Text(kMaxTextBytes);
+        const std::string text = input.ShortText(kMaxTextBytes);
         grid->SendMessage(UWM_WATCH_ADD_EXPRESSION, reinterpret_cast<WPARAM>(text.c_str()), 0);
         break;
     }
@@ -341,7 +341,7 @@ void Play(Rig& rig, CWatchGridCtrl*& grid, FrontBytes& input)
     case kEditCell: {
         const int line = ReadLine(input, grid);
         const std::uint8_t column = input.Byte();
-        const std::string text = column & 1 ? ReadValueText(input) : input.Text(kMaxTextBytes);
+        const std::string text = column & 1 ? ReadValueText(input) : input.ShortText(kMaxTextBytes);
         EditCell(grid, line, column & 1 ? kValueColumn : kExpressionColumn, text);
         break;
     }
@@ -354,7 +354,7 @@ void Play(Rig& rig, CWatchGridCtrl*& grid, FrontBytes& input)
         break;
     }
     case kType:
-            Input::Type(input.Text(8));
+            Input::Type(input.ShortText(8));
         break;
     case kClick: {
         const std::uint8_t kind = input.Byte();
@@ -407,7 +407,7 @@ void Play(Rig& rig, CWatchGridCtrl*& grid, FrontBytes& input)
         break;
     }
     case kDropText: {
-        const std::string text = input.Text(kMaxTextBytes);
+        const std::string text = input.ShortText(kMaxTextBytes);
         FormatBlocks data;
         data.Set(CF_TEXT, GlobalText::Alloc(text));
         Input::DropFromOutside(data, Input::Gesture().MoveTo(grid, ReadPoint(input), 2).Release());
@@ -428,7 +428,7 @@ void Play(Rig& rig, CWatchGridCtrl*& grid, FrontBytes& input)
         break;
     }
     case kClipboard:
-        SetClipboardText(rig.host.GetSafeHwnd(), input.Text(kMaxTextBytes));
+        SetClipboardText(rig.host.GetSafeHwnd(), input.ShortText(kMaxTextBytes));
         break;
     case kOperationCount:
         break;
@@ -474,10 +474,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size)
 {
     Rig& rig = TheRig();
     rig.Reset();
-    FrontBytes input(data, size);
+    OpStream input(data, size);
     rig.service.AnswerFrom(&input);
     CWatchGridCtrl* grid = rig.grids[0];
-    for (int n = 0; n < kMaxOperations && !input.Empty(); ++n) {
+    for (int n = 0; n < kMaxOperations && !input.Done(); ++n) {
         rig.service.elementsArray = nullptr;
         Play(rig, grid, input);
         for (CWatchGridCtrl* each : rig.grids) FUZZ_CHECK(each->GetItemCount() == each->CountVisibleRows(each->Rows()));

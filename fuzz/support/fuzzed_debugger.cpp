@@ -61,7 +61,7 @@ std::uint32_t TypeRefCode(std::uint8_t b)
 
 // A length byte and that many bytes, the field left unterminated when they
 // fill it; a longer length picks a short name.
-void ReadName(FrontBytes& input, char* field, std::size_t fieldBytes)
+void ReadName(OpStream& input, char* field, std::size_t fieldBytes)
 {
     std::memset(field, 0, fieldBytes);
     const std::uint8_t length = input.Byte();
@@ -100,7 +100,7 @@ bool FuzzedDebugger::ReadRecord(WatchRecord& record)
 {
     std::uint8_t form = 0;
     if (!m_input || !m_input->Next(form)) return false;
-    FrontBytes& input = *m_input;
+    OpStream& input = *m_input;
     record = WatchRecord{};
     if (form == kRawForm) {
         input.Copy(&record, sizeof record);
@@ -129,7 +129,7 @@ bool FuzzedDebugger::ReadListEntry(WatchListEntry& entry)
 {
     std::uint8_t form = 0;
     if (!m_input || !m_input->Next(form)) return false;
-    FrontBytes& input = *m_input;
+    OpStream& input = *m_input;
     entry = WatchListEntry{};
     if (form == kRawForm) {
         input.Copy(&entry, sizeof entry);
@@ -169,7 +169,7 @@ void FuzzedDebugger::Answer(unsigned code, LPARAM lParam)
         FUZZ_CHECK(record != nullptr);
         if (onWrite) onWrite(record);
         // A service may rewrite what it was asked to write.
-        if (m_input && !m_input->Empty() && m_input->Byte() == kRawForm) ReadRecord(*record);
+        if (m_input && !m_input->Done() && m_input->Byte() == kRawForm) ReadRecord(*record);
         return;
     }
     case DRQ_GET_COUNT: {

@@ -14,7 +14,7 @@
 #include <cstdint>
 #include <functional>
 
-#include "fuzz/support/front_bytes.h"
+#include "fuzz/support/op_stream.h"
 #include "platform/core/wnd.h"
 #include "watch/debug_protocol.h"
 
@@ -27,7 +27,7 @@ public:
     BOOL CreateService(CWnd* parent);
 
     // Answers from these bytes from now on; null: every request fails.
-    void AnswerFrom(FrontBytes* input) { m_input = input; }
+    void AnswerFrom(OpStream* input) { m_input = input; }
 
     // Called with each write request's record before it is answered.
     std::function<void(const WatchRecord*)> onWrite;
@@ -55,6 +55,6 @@ private:
     bool ReadListEntry(WatchListEntry& entry);
     std::int32_t ReadCount();
 
-    FrontBytes* m_input = nullptr;
+    OpStream* m_input = nullptr;
     std::int32_t m_listSize = 0;
 };

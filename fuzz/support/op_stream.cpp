@@ -1,6 +1,7 @@
 #include "fuzz/support/op_stream.h"
 
 #include <algorithm>
+#include <cstring>
 
 std::uint16_t OpStream::U16()
 {
@@ -8,23 +9,36 @@ std::uint16_t OpStream::U16()
     return static_cast<std::uint16_t>(low | (Byte() << 8));
 }
 
-std::int32_t OpStream::I32()
+std::uint32_t OpStream::U32()
 {
     const std::uint32_t low = U16();
-    return static_cast<std::int32_t>(low | (static_cast<std::uint32_t>(U16()) << 16));
+    return low | (static_cast<std::uint32_t>(U16()) << 16);
 }
 
 std::uint64_t OpStream::U64()
 {
-    const std::uint64_t low = static_cast<std::uint32_t>(I32());
-    return low | (static_cast<std::uint64_t>(static_cast<std::uint32_t>(I32())) << 32);
+    const std::uint64_t low = U32();
+    return low | (static_cast<std::uint64_t>(U32()) << 32);
+}
+
+size_t OpStream::Copy(void* out, size_t n)
+{
+    const size_t count = std::min(n, m_size - std::min(m_offset, m_size));
+    if (count > 0) std::memcpy(out, m_data + m_offset, count);
+    m_offset += count;
+    return count;
 }
 
 std::string OpStream::Text(size_t maxBytes)
 {
-    const size_t wanted = std::min<size_t>(U16(), maxBytes);
-    const size_t count = std::min(wanted, m_size - std::min(m_offset, m_size));
-    std::string text(reinterpret_cast<const char*>(m_data + m_offset), count);
-    m_offset += count;
+    std::string text(std::min<size_t>(U16(), maxBytes), '\0');
+    text.resize(Copy(text.data(), text.size()));
+    return text;
+}
+
+std::string OpStream::ShortText(size_t maxBytes)
+{
+    std::string text(std::min<size_t>(Byte(), maxBytes), '\0');
+    text.resize(Copy(text.data(), text.size()));
     return text;
 }
