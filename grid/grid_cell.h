@@ -51,13 +51,18 @@ private:
 };
 static_assert(GridCellText::kMaxBytes <= UINT8_MAX, "a cell text's length is kept in one byte");
 
-struct GridCell {
+// The text comes first and the cell is pointer-aligned, so that a long
+// text's block address sits where leak checkers look for pointers: in the
+// middle of the cell it would be misaligned, and a live grid's long texts
+// would be reported as leaked.
+struct alignas(alignof(char*)) GridCell {
+    GridCellText text;
     std::uint32_t kind = 0;
     std::uint32_t value = 0;
     std::uint32_t limit = 0;
-    GridCellText text;
 
     // What a column that was never set reads as.
     bool IsEmpty() const noexcept { return kind == 0 && value == 0 && limit == 0 && text.empty(); }
 };
 static_assert(sizeof(GridCell) <= 40, "a cell costs 40 bytes at most");
+static_assert(offsetof(GridCell, text) == 0, "a long text's block address is pointer-aligned");
