@@ -13,7 +13,7 @@
 #include "demo/debugger/simulated_debugger_service.h"
 #include "demo/host_transcript.h"
 #include "demo/memory_pane.h"
-#include "demo/project_settings.h"
+#include "demo/project/project_settings.h"
 #include "demo/sample_project.h"
 #include "demo/toolchain/debug_info.h"
 #include "demo/toolchain/sample_build.h"

@@ -17,7 +17,7 @@
 #include <fstream>
 
 #include "demo/ide_frame.h"
-#include "demo/project_settings.h"
+#include "demo/project/project_settings.h"
 #include "demo/sample_project.h"
 #include "demo/tour.h"
 #include "demo/tour_script.h"

@@ -1,14 +1,14 @@
-#include "demo/project_settings.h"
+#include "demo/project/project_settings.h"
 
+#include <algorithm>
 #include <charconv>
 #include <fstream>
+#include <iterator>
 
 namespace {
 
 constexpr std::string_view kWatch = "watch ";
 constexpr std::string_view kRegion = "region ";
-// A region wider than any screen is a damaged file, not a layout.
-constexpr int kLargestRegion = 100000;
 
 void ReadRegion(std::string_view rest, std::map<std::string, int>& regions)
 {
@@ -19,7 +19,7 @@ void ReadRegion(std::string_view rest, std::map<std::string, int>& regions)
     const std::string_view number = rest.substr(blank + 1);
     int pixels = 0;
     const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), pixels);
-    if (error != std::errc() || end != number.data() + number.size() || pixels <= 0 || pixels > kLargestRegion) return;
+    if (error != std::errc() || end != number.data() + number.size() || pixels <= 0 || pixels > ProjectSettings::kLargestRegion) return;
     regions[name] = pixels;
 }
 
@@ -29,27 +29,41 @@ std::optional<ProjectSettings> ProjectSettings::Load(const std::filesystem::path
 {
     std::ifstream in(file, std::ios::binary);
     if (!in) return std::nullopt;
+    const std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    return Parse(text);
+}
+
+ProjectSettings ProjectSettings::Parse(std::string_view text)
+{
     ProjectSettings settings;
-    std::string line;
-    while (std::getline(in, line)) {
-        if (!line.empty() && line.back() == '\r') line.pop_back();
-        const std::string_view text = line;
-        if (text.starts_with(kWatch) && text.size() > kWatch.size()) {
-            settings.watch.emplace_back(text.substr(kWatch.size()));
-        } else if (text.starts_with(kRegion)) {
-            ReadRegion(text.substr(kRegion.size()), settings.regions);
+    while (!text.empty()) {
+        // Lines end in LF, CR LF or a lone CR, as files edited elsewhere have them.
+        const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
+        const std::string_view line = text.substr(0, end);
+        text.remove_prefix(end);
+        text.remove_prefix(text.starts_with("\r\n") ? 2 : std::min<std::size_t>(text.size(), 1));
+        if (line.starts_with(kWatch) && line.size() > kWatch.size()) {
+            settings.watch.emplace_back(line.substr(kWatch.size()));
+        } else if (line.starts_with(kRegion)) {
+            ReadRegion(line.substr(kRegion.size()), settings.regions);
         }
     }
     return settings;
 }
 
+std::string ProjectSettings::Text() const
+{
+    std::string text;
+    for (const std::string& expression : watch) {
+        if (expression.find_first_of("\r\n") == std::string::npos) text.append(kWatch).append(expression).append("\n");
+    }
+    for (const auto& [name, pixels] : regions) text.append(kRegion).append(name).append(" ").append(std::to_string(pixels)).append("\n");
+    return text;
+}
+
 bool ProjectSettings::Save(const std::filesystem::path& file) const
 {
     std::ofstream out(file, std::ios::binary);
-    for (const std::string& expression : watch) {
-        // A line break would end the expression early on reading.
-        if (expression.find_first_of("\r\n") == std::string::npos) out << kWatch << expression << '\n';
-    }
-    for (const auto& [name, pixels] : regions) out << kRegion << name << ' ' << pixels << '\n';
+    out << Text();
     return out.good();
 }

@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "demo/project_settings.h"
+#include "demo/project/project_settings.h"
 
 namespace {
 
@@ -47,6 +47,15 @@ TEST_F(ProjectSettingsFile, ADamagedFileGivesWhatItStillHolds)
     ASSERT_TRUE(read);
     EXPECT_EQ(read->watch, (std::vector<std::string>{"ticks", "total"}));
     EXPECT_EQ(read->regions, (std::map<std::string, int>{{"bottom", 240}}));
+}
+
+TEST_F(ProjectSettingsFile, LinesEndInLineFeedsCarriageReturnsOrBoth)
+{
+    Write("watch a\rwatch b\r\r\nregion left 5\rwatch c\n\rwatch d");
+    const auto read = ProjectSettings::Load(m_file);
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->watch, (std::vector<std::string>{"a", "b", "c", "d"}));
+    EXPECT_EQ(read->regions, (std::map<std::string, int>{{"left", 5}}));
 }
 
 TEST_F(ProjectSettingsFile, AnExpressionWithALineBreakIsNotWrittenAndNoFileIsNothing)
