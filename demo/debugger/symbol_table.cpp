@@ -1,9 +1,13 @@
 #include "demo/debugger/symbol_table.h"
 
-#include <algorithm>
+void SymbolTable::Add(Symbol symbol)
+{
+    m_byName.try_emplace(symbol.name, m_symbols.size());
+    m_symbols.push_back(std::move(symbol));
+}
 
 const Symbol* SymbolTable::Find(std::string_view name) const
 {
-    const auto found = std::find_if(m_symbols.begin(), m_symbols.end(), [&](const Symbol& s) { return s.name == name; });
-    return found == m_symbols.end() ? nullptr : &*found;
+    const auto found = m_byName.find(name);
+    return found == m_byName.end() ? nullptr : &m_symbols[found->second];
 }
