@@ -7,12 +7,12 @@
 // header dividers dragged, the wheel, window resizes, full repaints, rows
 // added, removed and reflagged as a host's refresh would, the focus taken
 // away mid-edit. Each operation ends with a paint pass, as the message loop
-// would run one once the user's gesture is handled. After each operation the grid must still agree with its
-// rows: the list's line count equals the lines the rows show, the selection
-// and the focus name lines that exist and the selected line's row is found
-// back on that line, the current column lies within the header, and the
-// scroll positions lie within their ranges. A broken invariant aborts; so
-// does any crash or sanitizer report.
+// would run one once the user's gesture is handled. After each operation
+// the grid must still agree with its rows: the list's line count equals the
+// lines the rows show, the selection and the focus name lines that exist and
+// the selected line's row is found back on that line, the current column
+// lies within the header, and the scroll positions lie within their ranges.
+// A broken invariant aborts; so does any crash or sanitizer report.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>

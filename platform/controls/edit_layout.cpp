@@ -5,7 +5,6 @@
 #include <algorithm>
 
 #include "platform/gdi/font.h"
-#include "platform/text/gbk.h"
 
 namespace edit {
 
