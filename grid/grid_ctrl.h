@@ -27,6 +27,11 @@ constexpr UINT ID_GRID_SHOW_IN_MEMORY = 32994;
 constexpr UINT HDN_ITEMCHANGINGA = static_cast<UINT>(-300);
 constexpr UINT HDN_ITEMCHANGINGW = static_cast<UINT>(-320);
 
+// The most a cell's edit box takes, whatever limit the host gives the cell:
+// far more than any expression or value, and it keeps a user who pastes the
+// box's own text back in from doubling it without end.
+constexpr std::uint32_t kGridMaxEditLimit = 65535;
+
 // The record a watch row carries; the grid passes it through without reading it.
 struct WatchRecord;
 

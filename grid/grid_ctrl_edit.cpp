@@ -1,5 +1,7 @@
 // Opening and closing the in-place editors over the current cell, and the
 // rules that decide whether what was entered is committed.
+#include <algorithm>
+
 #include "grid/grid_ctrl.h"
 #include "host/resource_ids.h"
 
@@ -63,7 +65,7 @@ void CGridCtrl::StartBoxEdit(BOOL bInitText)
         // Typing and pasting start from an empty box, whatever the last edit left there.
         m_edit.Empty();
     }
-    if (limit != 0) m_edit.SetLimitText(limit);
+    if (limit != 0) m_edit.SetLimitText(std::min(limit, kGridMaxEditLimit));
     m_edit.SetFocus();
 }
 

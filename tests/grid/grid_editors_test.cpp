@@ -1,5 +1,7 @@
 // The in-place editors: how editing starts, and which ways of ending it
 // commit what was entered.
+#include <climits>
+#include <cstdint>
 #include <string>
 
 #include "tests/grid/test_grid.h"
@@ -197,6 +199,22 @@ TEST_F(GridEditorsTest, CellLimitAppliesOnlyWhenSet)
     // A cell without a limit leaves the edit box's limit as the last cell set it.
     EditAndType(0, 0, "abcdef");
     EXPECT_STREQ(grid.GetEditText(), "abc");
+}
+
+// A host's limit past the grid's own (any negative one reads as a huge
+// unsigned number) is cut to it, so that pasting the box's text back in
+// again and again stops there.
+TEST_F(GridEditorsTest, AHostLimitPastTheGridsOwnIsCutToIt)
+{
+    for (const int limit : {INT_MAX, -2, static_cast<int>(kGridMaxEditLimit) + 1}) {
+        grid.GetRowAt(0)->SetCellTextEdit(1, TRUE, limit);
+        EditAndType(0, 1, "x");
+        EXPECT_EQ(grid.EditBox().GetLimitText(), kGridMaxEditLimit) << limit;
+        Input::Key(VK_ESCAPE);
+    }
+    EditAndType(0, 1, "0123456789");
+    for (int i = 0; i < 16; ++i) Input::Type("\x01\x03\x16\x16");  // Ctrl+A, Ctrl+C, Ctrl+V twice
+    EXPECT_EQ(static_cast<std::uint32_t>(grid.GetEditText().GetLength()), kGridMaxEditLimit);
 }
 
 TEST_F(GridEditorsTest, FullCellTextOpensWhole)
