@@ -31,14 +31,17 @@ size_t OpStream::Copy(void* out, size_t n)
 
 std::string OpStream::Text(size_t maxBytes)
 {
-    std::string text(std::min<size_t>(U16(), maxBytes), '\0');
-    text.resize(Copy(text.data(), text.size()));
-    return text;
+    return Bytes(std::min<size_t>(U16(), maxBytes));
 }
 
 std::string OpStream::ShortText(size_t maxBytes)
 {
-    std::string text(std::min<size_t>(Byte(), maxBytes), '\0');
+    return Bytes(std::min<size_t>(Byte(), maxBytes));
+}
+
+std::string OpStream::Bytes(size_t count)
+{
+    std::string text(count, '\0');
     text.resize(Copy(text.data(), text.size()));
     return text;
 }

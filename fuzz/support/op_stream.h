@@ -40,6 +40,9 @@ public:
     size_t Copy(void* out, size_t n);
 
 private:
+    // Up to count bytes, fewer when the input ends.
+    std::string Bytes(size_t count);
+
     const std::uint8_t* m_data;
     size_t m_size;
     size_t m_offset = 0;
